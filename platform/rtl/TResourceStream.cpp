@@ -1,0 +1,24 @@
+#include "rtl/TResourceStream.h"
+
+#include "rtl/SysUtils.h"
+
+#include <QFile>
+
+QString ResourcePath(const QString& name, TResourceType type)
+{
+    return QStringLiteral(":/package/%1/%2").arg(int(type)).arg(name);
+}
+
+bool ResourceExists(const QString& name, TResourceType type)
+{
+    return QFile::exists(ResourcePath(name, type));
+}
+
+TResourceStream::TResourceStream(const QString& name, TResourceType type)
+{
+    QFile file(ResourcePath(name, type));
+    if (!file.open(QIODevice::ReadOnly))
+        throw EResNotFound(QStringLiteral("Resource %1 not found").arg(name));
+    setData(file.readAll());
+    open(QIODevice::ReadOnly);
+}
