@@ -77,6 +77,8 @@ private:
     mutable std::shared_ptr<TPersistent*> FSelf;
 };
 
+Q_DECLARE_METATYPE(TPersistent*)
+
 // A pointer that becomes nil when the object goes. It keeps nothing alive.
 template <class T>
 class WeakRef {

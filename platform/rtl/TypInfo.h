@@ -41,8 +41,6 @@ struct TPropInfo {
     bool IsSubObject = false;
 };
 
-Q_DECLARE_METATYPE(TPersistent*)
-
 // What is known of a class. Made by TClassBuilder or DefineClass; see TClass.
 class TClassInfo {
 public:
