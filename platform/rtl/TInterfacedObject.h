@@ -1,6 +1,7 @@
 #pragma once
 
 #include "rtl/InterfacePtr.h"
+#include "rtl/TObject.h"
 
 namespace Rtl {
 
@@ -30,11 +31,8 @@ void* Answer(Self* self, const TGUID& iid)
 //
 // The count is 1 while the constructor runs, so that a constructor may hand out `this`; New() takes that one back when
 // it holds the object. Such objects are made by New() only.
-class TInterfacedObject : public IInterface {
+class TInterfacedObject : public IInterface, public TObject {
 public:
-    TInterfacedObject(const TInterfacedObject&) = delete;
-    TInterfacedObject& operator=(const TInterfacedObject&) = delete;
-
     void* QueryInterface(const TGUID& iid) override
     {
         return iid == IInterface::IID ? static_cast<IInterface*>(this) : nullptr;
@@ -58,7 +56,7 @@ public:
 
 protected:
     TInterfacedObject() = default;
-    virtual ~TInterfacedObject() = default;
+    ~TInterfacedObject() override = default;
 
 private:
     int FRefCount = 1;
