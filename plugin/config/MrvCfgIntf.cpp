@@ -1,0 +1,3 @@
+#include "config/MrvCfgIntf.h"
+
+InterfacePtr<IMrvConfigurationService> MrvConfigurationService;
