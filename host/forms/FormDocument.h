@@ -1,0 +1,88 @@
+#pragma once
+
+#include "forms/FormEncoding.h"
+#include "forms/FormError.h"
+#include "forms/FormFormat.h"
+#include "forms/FormNode.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class FormJournal;
+struct FormNames;
+
+struct FormReadOptions {
+    QString fileName; // for messages; its suffix .lfm chooses the way new text is written
+    QByteArray codePage = QByteArrayLiteral("windows-1252"); // of bytes that are not valid UTF-8
+};
+
+// A form file, held so that every byte that nobody edited is written back as it was.
+//
+// Owns its nodes, properties and the bytes of the file; all of them live as long as the document, at one address,
+// also after they were removed. Reading never throws; an edit cannot fail, except where its comment says so, and
+// changes only the bytes it is about. Works alike on text and binary forms. Every edit is kept in a journal: going
+// back to a position gives the bytes and the very objects of that time.
+class FormDocument {
+public:
+    // Reads a form in text or in binary form (bare, or in the resource header of old files).
+    static FormResult<std::unique_ptr<FormDocument>> read(QByteArray bytes, const FormReadOptions& options = {});
+    // As read(); the file's path becomes options.fileName. A file that cannot be opened is an error, too.
+    static FormResult<std::unique_ptr<FormDocument>> load(const QString& path, FormReadOptions options = {});
+    // A document with a root alone, in text.
+    static std::unique_ptr<FormDocument> create(
+        const QString& className, const QString& name, const QByteArray& lineEnd, const FormReadOptions& options = {});
+    ~FormDocument();
+
+    QByteArray bytes() const; // as they are to be written now
+    FormFormat format() const;
+    const FormEncoding& encoding() const;
+    const QString& fileName() const { return m_fileName; }
+    QStringList notes() const; // what is odd in the file and was kept as it was, one sentence each
+
+    FormNode& root() const;
+    FormNode* find(QStringView name) const; // in the whole tree of objects; nil where there is none
+
+    // Gives the property the value, in place; a property that is not there is added behind the last one, before the
+    // child objects. Returns it. A value that is there already changes nothing.
+    FormProperty& setProperty(FormNode& node, const QString& name, const FormValue& value);
+    // False where there is no such property.
+    bool removeProperty(FormNode& node, QStringView name);
+    void removeProperty(FormProperty& property);
+
+    // Adds an object without properties, written in the file's own style, at the position among the parent's children
+    // (-1: at their end).
+    FormNode& addChild(
+        FormNode& parent, FormNode::Kind kind, const QString& className, const QString& name, int position = -1);
+    // Adds an item at the end of a collection (-1) or at the position; makes the collection where it is missing.
+    FormNode& addItem(FormNode& owner, const QString& property, int position = -1);
+    // Takes an object or an item out of its parent. The root stays: false.
+    bool remove(FormNode& node);
+    // Puts a node at the position (-1: the end) below a parent; its lines are indented anew where the depth differs.
+    // False where the node is the root or the parent is the node itself or below it.
+    bool move(FormNode& node, FormNode& parent, int position = -1);
+    // Puts a node or an item at another place among its siblings.
+    bool reorder(FormNode& node, int position);
+
+    void rename(FormNode& node, const QString& name); // an empty name takes it away
+    void setClassName(FormNode& node, const QString& className);
+    void setIndex(FormNode& node, std::optional<int> index);
+    void setKind(FormNode& node, FormNode::Kind kind);
+
+    // The journal: the position moves on by one for every edit and back by undo. A new edit forgets what could be
+    // redone.
+    int position() const;
+    int lastPosition() const; // how far redoTo can go
+    void undoTo(int position);
+    void redoTo(int position);
+
+private:
+    FormDocument(std::unique_ptr<FormTree> tree, QString fileName);
+    void changeHeader(FormNode& node, const FormNames& names);
+
+    std::unique_ptr<FormTree> m_tree;
+    std::unique_ptr<FormJournal> m_journal;
+    QString m_fileName;
+};

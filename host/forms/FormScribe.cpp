@@ -1,0 +1,265 @@
+#include "forms/FormScribe.h"
+
+#include "forms/FormBinaryPrinter.h"
+#include "forms/FormLexer.h"
+
+namespace {
+
+bool endsLine(QByteArrayView bytes)
+{
+    return bytes.endsWith('\n') || bytes.endsWith('\r');
+}
+
+const char* keyword(FormNode::Kind kind)
+{
+    switch (kind) {
+    case FormNode::Kind::Inherited:
+        return "inherited";
+    case FormNode::Kind::Inline:
+        return "inline";
+    case FormNode::Kind::Item:
+        return "item";
+    default:
+        return "object";
+    }
+}
+
+class FormTextScribe : public FormScribe {
+public:
+    explicit FormTextScribe(FormTextStyle style)
+        : m_style(std::move(style))
+    {
+    }
+
+    Spelled newProperty(const FormNode& owner, const QByteArray& name, const FormValue& value) const override
+    {
+        const auto indent = propertyIndent(owner);
+        Spelled made = spell(value, indent);
+        made.nameAt = indent.size();
+        made.lead = indent + name + " = ";
+        made.trail = m_style.lineEnd;
+        if (!endsLine(lastOfBody(owner)))
+            startLine(made);
+        return made;
+    }
+
+    Spelled newValue(const FormProperty& property, const FormValue& value) const override
+    {
+        return spell(value, formIndentOf(property.pieces().lead));
+    }
+
+    QByteArray newHeader(const QByteArray& indent, const FormNames& names) const override
+    {
+        const auto before = names.kind == FormNode::Kind::Item ? m_style.lineEnd : QByteArray();
+        return before + indent + keyword(names.kind) + says(names) + m_style.lineEnd;
+    }
+
+    Frame newFrame(const QByteArray& indent, FormNode::Kind kind) const override
+    {
+        return { {}, indent + "end" + (kind == FormNode::Kind::Item ? QByteArray() : m_style.lineEnd) };
+    }
+
+    QByteArray changedHeader(const FormNode& node, const FormNames& names) const override
+    {
+        const auto bytes = node.header().bytes;
+        FormLexer lexer(bytes);
+        const auto word = lexer.next();
+        auto last = word.end;
+        for (auto token = lexer.next(); token.kind != FormToken::Kind::End; token = lexer.next())
+            last = token.end;
+        const auto before = bytes.first(word.begin).toByteArray();
+        const auto spelled
+            = node.kind() == names.kind ? lexer.text(word).toByteArray() : QByteArray(keyword(names.kind));
+        return before + spelled + says(names) + bytes.sliced(last).toByteArray();
+    }
+
+    FormNode::Header locate(QByteArrayView header, const FormNames& names) const override
+    {
+        FormNode::Header made { header, {}, {}, names.index };
+        FormLexer lexer(header);
+        auto at = lexer.next().end;
+        if (!names.name.isEmpty()) {
+            at = header.indexOf(names.name, at);
+            made.name = header.sliced(at, names.name.size());
+            at += names.name.size();
+        }
+        if (!names.className.isEmpty())
+            made.className = header.sliced(header.indexOf(names.className, at), names.className.size());
+        return made;
+    }
+
+    QByteArray childIndent(const FormNode& parent) const override
+    {
+        if (!parent.children().empty())
+            return formIndentOf(parent.children().back()->header().bytes);
+        return propertyIndent(parent);
+    }
+
+    QByteArray itemIndent(const FormProperty& collection) const override
+    {
+        if (!collection.items().empty())
+            return formIndentOf(collection.items().back()->header().bytes);
+        return formIndentOf(collection.pieces().lead) + m_style.step;
+    }
+
+    QByteArray gap(QByteArrayView before, QByteArrayView after) const override
+    {
+        const bool apart = before.isEmpty() || after.isEmpty() || FormLexer::isBlank(before.back())
+            || FormLexer::isBlank(after.front());
+        return apart ? QByteArray() : m_style.lineEnd;
+    }
+
+    bool indents() const override { return true; }
+
+private:
+    void startLine(Spelled& property) const
+    {
+        property.lead.prepend(m_style.lineEnd);
+        property.nameAt += m_style.lineEnd.size();
+    }
+
+    QByteArray says(const FormNames& names) const
+    {
+        QByteArray text;
+        if (!names.className.isEmpty())
+            text += ' ' + (names.name.isEmpty() ? QByteArray() : names.name + ": ") + names.className;
+        if (names.index)
+            text += (m_style.tightIndex ? "[" : " [") + QByteArray::number(*names.index) + ']';
+        return text;
+    }
+
+    QByteArray propertyIndent(const FormNode& owner) const
+    {
+        if (!owner.properties().empty())
+            return formIndentOf(owner.properties().back()->pieces().lead);
+        return formIndentOf(owner.header().bytes) + m_style.step;
+    }
+
+    static QByteArrayView lastOfBody(const FormNode& owner)
+    {
+        if (owner.properties().empty())
+            return owner.header().bytes;
+        return owner.properties().back()->pieces().trail;
+    }
+
+    Spelled spell(const FormValue& value, const QByteArray& indent) const
+    {
+        if (value.kind() == FormValue::Kind::Collection)
+            return { {}, 0, "<", ">", {} };
+        return { {}, 0, FormTextPrinter(m_style).value(value, indent), {}, {} };
+    }
+
+    FormTextStyle m_style;
+};
+
+class FormBinaryScribe : public FormScribe {
+public:
+    explicit FormBinaryScribe(const FormEncoding& encoding)
+        : m_printer(encoding)
+    {
+    }
+
+    Spelled newProperty(const FormNode&, const QByteArray& name, const FormValue& value) const override
+    {
+        auto made = spell(value);
+        made.lead = FormBinaryPrinter::shortString(name);
+        made.nameAt = 1;
+        return made;
+    }
+
+    Spelled newValue(const FormProperty&, const FormValue& value) const override { return spell(value); }
+
+    QByteArray newHeader(const QByteArray&, const FormNames& names) const override
+    {
+        return FormBinaryPrinter::header(names.kind, names.index, names.className, names.name);
+    }
+
+    Frame newFrame(const QByteArray&, FormNode::Kind kind) const override
+    {
+        const QByteArray zero(1, '\0');
+        return { kind == FormNode::Kind::Item ? QByteArray() : zero, zero };
+    }
+
+    QByteArray changedHeader(const FormNode&, const FormNames& names) const override { return newHeader({}, names); }
+
+    FormNode::Header locate(QByteArrayView header, const FormNames& names) const override
+    {
+        FormNode::Header made { header, {}, {}, names.index };
+        if (names.kind == FormNode::Kind::Item)
+            return made;
+        const auto name = std::min<qsizetype>(names.name.size(), 255);
+        const auto className = std::min<qsizetype>(names.className.size(), 255);
+        made.name = header.last(name);
+        made.className = header.sliced(header.size() - name - 1 - className, className);
+        return made;
+    }
+
+    QByteArray childIndent(const FormNode&) const override { return {}; }
+    QByteArray itemIndent(const FormProperty&) const override { return {}; }
+    QByteArray gap(QByteArrayView, QByteArrayView) const override { return {}; }
+    bool indents() const override { return false; }
+
+private:
+    Spelled spell(const FormValue& value) const
+    {
+        if (value.kind() == FormValue::Kind::Collection)
+            return { {}, 0, QByteArray(1, static_cast<char>(BinaryType::Collection)), QByteArray(1, '\0'), {} };
+        return { {}, 0, m_printer.value(value), {}, {} };
+    }
+
+    FormBinaryPrinter m_printer;
+};
+
+QByteArray firstLineEnd(QByteArrayView bytes)
+{
+    const auto at = bytes.indexOf('\n');
+    if (at > 0 && bytes[at - 1] == '\r')
+        return "\r\n";
+    if (at >= 0)
+        return "\n";
+    return bytes.contains('\r') ? "\r" : "\r\n";
+}
+
+QByteArray stepOf(const FormNode& root)
+{
+    const auto outer = formIndentOf(root.header().bytes);
+    QByteArray inner;
+    if (!root.properties().empty())
+        inner = formIndentOf(root.properties().front()->pieces().lead);
+    else if (!root.children().empty())
+        inner = formIndentOf(root.children().front()->header().bytes);
+    return inner.size() > outer.size() && inner.startsWith(outer) ? inner.mid(outer.size()) : QByteArrayLiteral("  ");
+}
+
+}
+
+QByteArray formIndentOf(QByteArrayView piece)
+{
+    qsizetype start = 0;
+    qsizetype at = 0;
+    for (; at < piece.size() && FormLexer::isBlank(piece[at]); ++at)
+        if (piece[at] == '\n' || piece[at] == '\r')
+            start = at + 1;
+    return piece.sliced(start, at - start).toByteArray();
+}
+
+FormTextStyle formStyleOf(const FormTree& tree, const QString& fileName)
+{
+    const bool loose = tree.rawStrings || fileName.endsWith(QLatin1StringView(".lfm"), Qt::CaseInsensitive);
+    FormTextStyle style;
+    style.lineEnd = firstLineEnd(tree.source());
+    style.step = stepOf(*tree.root);
+    style.encoding = tree.encoding;
+    style.rawStrings = loose && tree.encoding.isUtf8();
+    style.paddedReals = !loose;
+    style.tightIndex = loose;
+    style.ownLineClose = loose;
+    return style;
+}
+
+std::unique_ptr<FormScribe> FormScribe::of(const FormTree& tree, const QString& fileName)
+{
+    if (tree.format == FormFormat::Binary)
+        return std::make_unique<FormBinaryScribe>(tree.encoding);
+    return std::make_unique<FormTextScribe>(formStyleOf(tree, fileName));
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "forms/FormTextPrinter.h"
+#include "forms/FormTree.h"
+
+#include <memory>
+
+// What the header of a node says.
+struct FormNames {
+    FormNode::Kind kind = FormNode::Kind::Object;
+    QByteArray className;
+    QByteArray name;
+    std::optional<int> index;
+    bool operator==(const FormNames&) const = default;
+};
+
+// Spells what an edit adds to a tree, in the tree's format. The bytes it gives are new; nothing in the tree changes.
+class FormScribe {
+public:
+    static std::unique_ptr<FormScribe> of(const FormTree& tree, const QString& fileName);
+    virtual ~FormScribe() = default;
+
+    struct Spelled {
+        QByteArray lead; // of a property
+        qsizetype nameAt = 0; // in lead
+        QByteArray value;
+        QByteArray close; // of a collection
+        QByteArray trail;
+    };
+    struct Frame {
+        QByteArray middle;
+        QByteArray footer;
+    };
+    // A property that a node does not have yet. Of a collection without its items.
+    virtual Spelled newProperty(const FormNode& owner, const QByteArray& name, const FormValue& value) const = 0;
+    // Other bytes for the value of a property that is there: value and close.
+    virtual Spelled newValue(const FormProperty& property, const FormValue& value) const = 0;
+    // The header of a new node, and how the node ends.
+    virtual QByteArray newHeader(const QByteArray& indent, const FormNames& names) const = 0;
+    virtual Frame newFrame(const QByteArray& indent, FormNode::Kind kind) const = 0;
+    // The header of a node that is there, saying something else.
+    virtual QByteArray changedHeader(const FormNode& node, const FormNames& names) const = 0;
+    // Where className and name of such a header stand.
+    virtual FormNode::Header locate(QByteArrayView header, const FormNames& names) const = 0;
+
+    // What a new child of a node, or a new item of a collection, stands behind in its line.
+    virtual QByteArray childIndent(const FormNode& parent) const = 0;
+    virtual QByteArray itemIndent(const FormProperty& collection) const = 0;
+
+    // What must stand between bytes that come to lie side by side, so that they stay two: nothing or a line end.
+    virtual QByteArray gap(QByteArrayView before, QByteArrayView after) const = 0;
+    virtual bool indents() const = 0; // depth shows in the bytes
+};
+
+// The blanks in front of what a piece of text begins with, in its line.
+QByteArray formIndentOf(QByteArrayView piece);
+// The hand that a text form is written in.
+FormTextStyle formStyleOf(const FormTree& tree, const QString& fileName);
