@@ -122,6 +122,8 @@ public:
     virtual int GetModuleCount() = 0;
     // In project order.
     virtual InterfacePtr<IOTAModuleInfo> GetModule(int index) = 0;
+    // The first module of that file, without regard to case; nil for none.
+    virtual InterfacePtr<IOTAModuleInfo> FindModuleInfo(const QString& fileName) = 0;
     // "Delphi.Personality", "CPlusPlusBuilder.Personality" or another.
     virtual QString GetPersonality() = 0;
     // "VCL", "FMX", "LCL" or another.

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "classes/TPersistent.h"
+#include "rtl/InterfacePtr.h"
 #include "rtl/TTimer.h"
 
 #include <QList>
 #include <QString>
 
+class IMrvEvents;
 class TCustomComponentAttr;
 class TDataSetAttr;
 class TDataSetList;
@@ -53,14 +55,13 @@ public:
     void AddItem(TCustomComponentAttr* item, bool flag) override;
 
     // Counted, so that a wrapper that leaves the model while it waits is still there on the tick.
-    QList<TDataSetAttr*> FDataSetAttrList;
+    QList<InterfacePtr<TDataSetAttr>> FDataSetAttrList;
     int FAction;
     bool FNeedBeginUpdate = true;
 
 private:
-    void Report(TDataSetAttr* attr);
-    void RemoveDeletedFields(TDataSetAttr* attr);
-    void ClearList();
+    void Report(const InterfacePtr<TDataSetAttr>& attr);
+    void RemoveDeletedFields(const InterfacePtr<TDataSetAttr>& attr);
 };
 
 // Report of a changed connection.

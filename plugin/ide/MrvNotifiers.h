@@ -26,16 +26,30 @@ using TNotifySelectionChanged
 // references; a TNotifierList only knows where each one is.
 class TMrvCustomNotifier : public TNotifierObject {
 public:
+    // Logs.
+    explicit TMrvCustomNotifier(const QString& className);
+    // Leaves the list, if it still stands there. Logs.
     ~TMrvCustomNotifier() override;
     // Forgets the events, so that tearing the listener down is not reported. Logs.
     virtual void EraseCallback();
-    virtual QString ClassName() const = 0;
 
     QString FName;
+    // What AddNotifier gave; -1 when not registered.
+    int FIndex = -1;
+    // May be nil; nil once the listener has left it.
+    TNotifierList* FOwner = nullptr;
+    // Place in FOwner, -1 if none.
+    int FOwnerIndex = -1;
+
+    // Leaves a gap in the list.
+    void LeaveList();
 
 protected:
-    // Logs the creation; the last thing that knows the derived class's name is its constructor.
+    void JoinList(TNotifierList* list);
+
+private:
     void LogStep(const QString& step) const;
+    QString FClassName;
 };
 
 // Every listener on a module, a form or the IDE. An entry is nil once its listener was destroyed: the gap keeps the
@@ -66,8 +80,7 @@ private:
 // Listens to one form editor.
 class TFormNotifier : public NotifierOf<TMrvCustomNotifier, IOTAFormNotifier> {
 public:
-    // Registered when it returns. `owner` may be nil.
-    static InterfacePtr<TFormNotifier> Create(const InterfacePtr<IOTAFormEditor>& editor, TNotifierList* owner);
+    // Registered when it returns; made by New. `owner` may be nil.
     TFormNotifier(const InterfacePtr<IOTAFormEditor>& editor, TNotifierList* owner);
     ~TFormNotifier() override;
 
@@ -77,9 +90,7 @@ public:
     void FormSaving() override;
     void ComponentRenamed(TOTAHandle component, const QString& oldName, const QString& newName) override;
     void EraseCallback() override;
-    QString ClassName() const override { return QStringLiteral("TFormNotifier"); }
 
-    int FIndex = -1;
     // Cleared without a release, here and in the destructor, unlike the other listeners.
     InterfacePtr<IOTAFormEditor> FFormEditor;
     TNotifyComponentRenamed FOnComponentRenamed;
@@ -87,14 +98,11 @@ public:
     TNotifierEvent FOnFormActivated;
     TNotifierEvent FOnFormSaving;
     TNotifierEvent FOnModified;
-    TNotifierList* FOwner = nullptr;
-    int FOwnerIndex = -1;
 };
 
 // Listens to the IDE's file events.
 class TIdeNotifier : public NotifierOf<TMrvCustomNotifier, IOTAIDENotifier> {
 public:
-    static InterfacePtr<TIdeNotifier> Create(const InterfacePtr<IOTAServices>& services, TNotifierList* owner);
     TIdeNotifier(const InterfacePtr<IOTAServices>& services, TNotifierList* owner);
     ~TIdeNotifier() override;
 
@@ -103,36 +111,27 @@ public:
     void BeforeCompile(IOTAProject* project, bool& cancel) override;
     void AfterCompile(bool succeeded) override;
     void EraseCallback() override;
-    QString ClassName() const override { return QStringLiteral("TIdeNotifier"); }
 
-    int FIndex = -1;
     InterfacePtr<IOTAServices> FServices;
     TOnFileNotification FOnFileNotification;
     TNotifierEvent FOnDestroyed;
     TOnBeforeCompile FOnBeforeCompile;
     TOnAfterCompile FOnAfterCompile;
-    TNotifierList* FOwner = nullptr;
-    int FOwnerIndex = -1;
 };
 
 // Listens to one module.
 class TModuleNotifier : public NotifierOf<TMrvCustomNotifier, IOTAModuleNotifier> {
 public:
-    static InterfacePtr<TModuleNotifier> Create(const InterfacePtr<IOTAModule>& module, TNotifierList* owner);
     TModuleNotifier(const InterfacePtr<IOTAModule>& module, TNotifierList* owner);
     ~TModuleNotifier() override;
 
     void Destroyed() override;
     bool CheckOverwrite() override { return true; }
     void ModuleRenamed(const QString& newName) override;
-    QString ClassName() const override { return QStringLiteral("TModuleNotifier"); }
 
-    int FIndex = -1;
     InterfacePtr<IOTAModule> FModule;
     TNotifierEvent FOnDestroyed;
     TNotifyModuleRenamed FOnModuleRenamed;
-    TNotifierList* FOwner = nullptr;
-    int FOwnerIndex = -1;
 };
 
 // Listens to all designers.

@@ -56,3 +56,9 @@ void TMrvUtils::AddLogMessage(const QString& message)
         // The log is where failures go; its own go nowhere.
     }
 }
+
+void TMrvUtils::LogFailure(const QString& text, const std::exception& exception)
+{
+    AddLogMessage(text);
+    AddLogMessage(QStringLiteral("Exception.Message is '%1'").arg(QString::fromUtf8(exception.what())));
+}
