@@ -55,6 +55,10 @@ public:
     bool Monochrome() const { return PixelFormat() == pf1bit; }
     void FreeImage() { FImage = QImage(); }
 
+    // Whether an operation has changed the pixels; set by operations, reset by whoever cares.
+    bool Modified() const { return FModified; }
+    void SetModified(bool modified) { FModified = modified; }
+
     bool Transparent() const { return FTransparent; }
     void SetTransparent(bool transparent) { FTransparent = transparent; }
     TTransparentMode TransparentMode() const { return FTransparentMode; }
@@ -86,6 +90,7 @@ public:
 
 private:
     QImage FImage;
+    bool FModified = false;
     bool FTransparent = false;
     TTransparentMode FTransparentMode = tmAuto;
     TColor FTransparentColor = clDefault;
