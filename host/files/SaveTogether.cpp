@@ -81,7 +81,8 @@ private:
         if (!target.exists())
             return {};
         const auto tag = QUuid::createUuid().toString(QUuid::Id128).left(8);
-        const auto name = target.path() + QStringLiteral("/.") + target.fileName() + u'.' + tag + QStringLiteral(".old");
+        const auto name
+            = target.path() + QStringLiteral("/.") + target.fileName() + u'.' + tag + QStringLiteral(".old");
         const bool linked = ::link(QFile::encodeName(FTarget).constData(), QFile::encodeName(name).constData()) == 0;
         QFile source(FTarget);
         if (!linked && !source.copy(name)) {

@@ -45,7 +45,10 @@ const CodePage& cachedCodePage(const QByteArray& name)
     return *page;
 }
 
-bool isLineEnd(QChar c) { return c == u'\n' || c == u'\r'; }
+bool isLineEnd(QChar c)
+{
+    return c == u'\n' || c == u'\r';
+}
 
 }
 
@@ -90,7 +93,8 @@ void SourceFile::Decode()
         FMarkSize = littleEndianMark.size();
         const bool little = bytes.startsWith(littleEndianMark);
         FEncoding = little ? Encoding::Utf16LittleEndian : Encoding::Utf16BigEndian;
-        // Unpaired surrogates and a last odd byte are no reason to lose a byte, so each pair of bytes is taken as it is.
+        // Unpaired surrogates and a last odd byte are no reason to lose a byte, so each pair of bytes is taken as it
+        // is.
         FText.resize((bytes.size() - FMarkSize) / 2);
         for (qsizetype i = 0; i < FText.size(); ++i) {
             const auto one = quint8(bytes[FMarkSize + 2 * i]);
@@ -109,7 +113,8 @@ void SourceFile::Decode()
 
 bool SourceFile::DecodeUtf8(QByteArrayView bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    QStringDecoder decoder(
+        QStringDecoder::Utf8, QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     FText = decoder.decode(bytes);
     return !decoder.hasError();
 }
@@ -176,7 +181,8 @@ Failure SourceFile::Apply(QList<SourceEdit> edits)
     for (const auto& edit : edits) {
         const auto encoded = Encoded(edit.Text);
         if (!encoded)
-            return ProblemAt(edit.Offset, QStringLiteral("\"%1\" cannot be written in the encoding of this file").arg(edit.Text.trimmed()));
+            return ProblemAt(edit.Offset,
+                QStringLiteral("\"%1\" cannot be written in the encoding of this file").arg(edit.Text.trimmed()));
         const auto start = ByteOffset(edit.Offset, offset, place);
         bytes += QByteArrayView(FBytes).sliced(place, start - place);
         bytes += *encoded;

@@ -14,9 +14,8 @@
 enum class ModuleType {
     Form = 0, // a form or a frame
     DataModule = 1, // a container of components without a face
-    ProjectSource = 2, // the program, library or package itself
-    Unit = 3, // a unit without a form
-    Other = 4 // any other file that belongs to the project
+    Unit = 2, // a unit without a form
+    Other = 3 // any other file that belongs to the project
 };
 
 // A module as its project file tells of it; nothing of it is opened for that.
@@ -42,10 +41,10 @@ struct ModuleDescription {
 //   - two modules whose forms bear one name are both kept.
 struct ProjectDescription {
     QString FileName; // absolute
-    QString DisplayName; // the file's name without folder and extension, or the title the project gives itself
+    QString DisplayName; // the file's name without folder and extension
     QString Personality; // "Delphi.Personality", "CPlusPlusBuilder.Personality", or as found
     QString FrameworkType; // "VCL", "FMX", "LCL", or as found; empty where nothing tells
-    QString MainSource; // the program's source: absolute; empty where none is named
+    QString MainSource; // the program's source, which is none of the modules: absolute; empty where none is named
     QString MainForm; // the form's name; empty where it is not known
     QList<ModuleDescription> Modules; // in project order
     QStringList OpenFiles; // those of the modules' files that the desktop file lists, absolute, in its order

@@ -88,7 +88,8 @@ private:
             if (i > 0 && ends && word)
                 fields.append({ { S.TextOf(tokens[i]), {} }, tokens[i], tokens.first(), semicolon, 1 });
             else if (fields.isEmpty() && !S.Is(tokens[i], "*") && !S.Is(tokens[i], "&"))
-                type += (type.isEmpty() || !word || type.endsWith(u':') ? QString() : QStringLiteral(" ")) + S.TextOf(tokens[i]);
+                type += (type.isEmpty() || !word || type.endsWith(u':') ? QString() : QStringLiteral(" "))
+                    + S.TextOf(tokens[i]);
         }
         for (auto& field : fields) {
             field.Declaration.Type = type;

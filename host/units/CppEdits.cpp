@@ -14,7 +14,8 @@ Failure CppUnit::AddField(const QString& className, const FieldDeclaration& fiel
     auto& part = *ClassPart();
     const auto classPlace = part.Token(found->NameToken).Offset;
     if (!IsIdentifier(field.Name) || !IsTypeName(field.Type))
-        return part.File.ProblemAt(classPlace, QStringLiteral("\"%1: %2\" is no declaration of a component").arg(field.Name, field.Type));
+        return part.File.ProblemAt(
+            classPlace, QStringLiteral("\"%1: %2\" is no declaration of a component").arg(field.Name, field.Type));
     auto type = field.Type;
     type.replace(u'.', QStringLiteral("::"));
     if (const auto* known = found->FieldNamed(field.Name)) {
@@ -39,7 +40,8 @@ Failure CppUnit::AddField(const QString& className, const FieldDeclaration& fiel
             break;
         }
     }
-    const auto [place, ownLine] = part.Behind(found->Fields.isEmpty() ? found->Published : found->Fields.last().Last, depth);
+    const auto [place, ownLine]
+        = part.Behind(found->Fields.isEmpty() ? found->Published : found->Fields.last().Last, depth);
     return part.Change({ { place, 0, ownLine ? indent + line + eol : u' ' + line } });
 }
 
@@ -52,7 +54,8 @@ Failure CppUnit::RemoveField(const QString& className, const QString& fieldName)
     auto& part = *ClassPart();
     const auto* field = found->FieldNamed(fieldName);
     if (!field)
-        return part.File.ProblemAt(part.Token(found->NameToken).Offset, QStringLiteral("the class %1 has no field %2").arg(className, fieldName));
+        return part.File.ProblemAt(part.Token(found->NameToken).Offset,
+            QStringLiteral("the class %1 has no field %2").arg(className, fieldName));
     const auto start = part.Token(field->First).Offset;
     if (field->Sharing > 1) {
         // The name with its star, and the comma that joins it to the others.
@@ -62,7 +65,8 @@ Failure CppUnit::RemoveField(const QString& className, const QString& fieldName)
         const int before = part.Syntax.Previous(first);
         const int after = part.Syntax.Next(field->Name);
         if (part.Syntax.Is(before, ","))
-            return part.Change({ { part.Token(before).Offset, part.Token(field->Name).End() - part.Token(before).Offset, {} } });
+            return part.Change(
+                { { part.Token(before).Offset, part.Token(field->Name).End() - part.Token(before).Offset, {} } });
         const int next = part.Syntax.Next(after);
         return part.Change({ { part.Token(first).Offset, part.Token(next).Offset - part.Token(first).Offset, {} } });
     }
@@ -86,12 +90,14 @@ Failure CppUnit::RenameField(const QString& className, const QString& oldName, c
     auto& part = *ClassPart();
     const auto* field = found->FieldNamed(oldName);
     if (!field)
-        return part.File.ProblemAt(part.Token(found->NameToken).Offset, QStringLiteral("the class %1 has no field %2").arg(className, oldName));
+        return part.File.ProblemAt(part.Token(found->NameToken).Offset,
+            QStringLiteral("the class %1 has no field %2").arg(className, oldName));
     const auto& name = part.Token(field->Name);
     if (!IsIdentifier(newName))
         return part.File.ProblemAt(name.Offset, QStringLiteral("\"%1\" is no name of a component").arg(newName));
     if (const auto* other = found->FieldNamed(newName); other && other->Name != field->Name)
-        return part.File.ProblemAt(part.Token(other->Name).Offset, QStringLiteral("%1 is declared already").arg(newName));
+        return part.File.ProblemAt(
+            part.Token(other->Name).Offset, QStringLiteral("%1 is declared already").arg(newName));
     return part.Change({ { name.Offset, name.Length, newName } });
 }
 

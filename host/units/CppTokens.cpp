@@ -4,9 +4,18 @@
 
 namespace {
 
-bool isWordStart(QChar c) { return c.isLetter() || c == u'_' || c == u'$' || c.isSurrogate(); }
-bool isWordPart(QChar c) { return isWordStart(c) || c.isDigit() || c.isMark(); }
-bool isLineEnd(QChar c) { return c == u'\n' || c == u'\r'; }
+bool isWordStart(QChar c)
+{
+    return c.isLetter() || c == u'_' || c == u'$' || c.isSurrogate();
+}
+bool isWordPart(QChar c)
+{
+    return isWordStart(c) || c.isDigit() || c.isMark();
+}
+bool isLineEnd(QChar c)
+{
+    return c == u'\n' || c == u'\r';
+}
 
 class CppLexer {
 public:
@@ -104,7 +113,8 @@ private:
     void AddRawString()
     {
         const auto open = FText.indexOf(u'(', FAt);
-        const auto mark = open < 0 ? QString() : QString(u')' + FText.sliced(FAt + 2, open - FAt - 2).toString() + u'"');
+        const auto mark
+            = open < 0 ? QString() : QString(u')' + FText.sliced(FAt + 2, open - FAt - 2).toString() + u'"');
         const auto close = open < 0 ? -1 : FText.indexOf(mark, open);
         Add(SourceToken::Text, close < 0 ? FText.size() : close + mark.size(), close < 0);
     }

@@ -15,7 +15,8 @@ QString companion(const QString& fileName, const QStringList& extensions)
 {
     const QFileInfo info(fileName);
     for (const auto& extension : extensions) {
-        const auto found = FindFileIgnoringCase(info.absolutePath() + u'/' + info.completeBaseName() + u'.' + extension);
+        const auto found
+            = FindFileIgnoringCase(info.absolutePath() + u'/' + info.completeBaseName() + u'.' + extension);
         if (!found.isEmpty())
             return found;
     }
@@ -114,7 +115,8 @@ Problems CppUnit::Check() const
             const bool local = !comment && token.End() < part->File.Text().size();
             if (token.Unterminated)
                 problems << part->File.ProblemAt(token.Offset,
-                    comment ? QStringLiteral("this comment is not closed") : QStringLiteral("this string is not closed"),
+                    comment ? QStringLiteral("this comment is not closed")
+                            : QStringLiteral("this string is not closed"),
                     local ? Problem::Warning : Problem::Error);
         }
     }
@@ -141,7 +143,8 @@ std::optional<CppClass> CppUnit::RequireClass(const QString& className, Failure&
     if (!found) {
         failure = part.File.ProblemAt(0, QStringLiteral("the unit does not declare the class %1").arg(className));
     } else if (found->End < 0) {
-        failure = part.File.ProblemAt(part.Token(found->NameToken).Offset, QStringLiteral("the class %1 has no end").arg(className));
+        failure = part.File.ProblemAt(
+            part.Token(found->NameToken).Offset, QStringLiteral("the class %1 has no end").arg(className));
         found.reset();
     }
     return found;

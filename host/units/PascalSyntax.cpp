@@ -80,7 +80,8 @@ void PascalSyntax::ReadHead()
         for (at = Next(at); at >= 0 && !Is(at, ";"); at = Next(at)) {
             if (Is(at, "("))
                 at = SkipPair(at);
-            else if (FTokens[at].Type == SourceToken::Word && !isOneOf(Word(at), { "platform", "deprecated", "experimental", "library" }))
+            else if (FTokens[at].Type == SourceToken::Word
+                && !isOneOf(Word(at), { "platform", "deprecated", "experimental", "library" }))
                 FUnitName += Word(at);
             else if (Is(at, "."))
                 FUnitName += u'.';

@@ -5,9 +5,18 @@
 
 namespace {
 
-bool isWordStart(QChar c) { return c.isLetter() || c == u'_' || c.isSurrogate(); }
-bool isWordPart(QChar c) { return c.isLetterOrNumber() || c == u'_' || c.isSurrogate() || c.isMark(); }
-bool isLineEnd(QChar c) { return c == u'\n' || c == u'\r'; }
+bool isWordStart(QChar c)
+{
+    return c.isLetter() || c == u'_' || c.isSurrogate();
+}
+bool isWordPart(QChar c)
+{
+    return c.isLetterOrNumber() || c == u'_' || c.isSurrogate() || c.isMark();
+}
+bool isLineEnd(QChar c)
+{
+    return c == u'\n' || c == u'\r';
+}
 
 // One open {$IFDEF}: whether the branch at hand counts, and whether the surroundings do.
 struct Conditional {

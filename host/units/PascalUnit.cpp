@@ -52,7 +52,8 @@ Problems PascalUnit::Check() const
         problems << FFile.ProblemAt(0, QStringLiteral("this unit has no interface section"));
     for (const auto& clause : { FSyntax.InterfaceUses(), FSyntax.ImplementationUses() }) {
         if (clause.Exists() && clause.Semicolon < 0)
-            problems << FFile.ProblemAt(Token(clause.Keyword).Offset, QStringLiteral("this uses clause does not end with a semicolon"));
+            problems << FFile.ProblemAt(
+                Token(clause.Keyword).Offset, QStringLiteral("this uses clause does not end with a semicolon"));
     }
     return problems;
 }
@@ -78,7 +79,8 @@ std::optional<PascalClass> PascalUnit::RequireClass(const QString& className, Fa
         const auto place = FSyntax.Interface() < 0 ? 0 : Token(FSyntax.Interface()).Offset;
         failure = FFile.ProblemAt(place, QStringLiteral("the unit does not declare the class %1").arg(className));
     } else if (found->End < 0) {
-        failure = FFile.ProblemAt(Token(found->NameToken).Offset, QStringLiteral("the class %1 has no end").arg(className));
+        failure
+            = FFile.ProblemAt(Token(found->NameToken).Offset, QStringLiteral("the class %1 has no end").arg(className));
         found.reset();
     }
     return found;
@@ -154,7 +156,8 @@ Failure PascalUnit::AddField(const QString& className, const FieldDeclaration& f
         return failure;
     const auto place = Token(found->NameToken).Offset;
     if (!IsIdentifier(field.Name) || !IsTypeName(field.Type))
-        return FFile.ProblemAt(place, QStringLiteral("\"%1: %2\" is no declaration of a component").arg(field.Name, field.Type));
+        return FFile.ProblemAt(
+            place, QStringLiteral("\"%1: %2\" is no declaration of a component").arg(field.Name, field.Type));
     if (const auto* known = found->FieldNamed(field.Name)) {
         if (isDeclaredAs(known->Declaration, field))
             return {};
@@ -199,7 +202,8 @@ Failure PascalUnit::RemoveField(const QString& className, const QString& fieldNa
         return failure;
     const auto* field = found->FieldNamed(fieldName);
     if (!field)
-        return FFile.ProblemAt(Token(found->NameToken).Offset, QStringLiteral("the class %1 has no field %2").arg(found->Name, fieldName));
+        return FFile.ProblemAt(
+            Token(found->NameToken).Offset, QStringLiteral("the class %1 has no field %2").arg(found->Name, fieldName));
     return Change({ field->Sharing > 1 ? RemovalOfName(*field) : RemovalOf(*field) });
 }
 
@@ -211,9 +215,11 @@ Failure PascalUnit::RenameField(const QString& className, const QString& oldName
         return failure;
     const auto* field = found->FieldNamed(oldName);
     if (!field)
-        return FFile.ProblemAt(Token(found->NameToken).Offset, QStringLiteral("the class %1 has no field %2").arg(found->Name, oldName));
+        return FFile.ProblemAt(
+            Token(found->NameToken).Offset, QStringLiteral("the class %1 has no field %2").arg(found->Name, oldName));
     if (!IsIdentifier(newName))
-        return FFile.ProblemAt(Token(field->Name).Offset, QStringLiteral("\"%1\" is no name of a component").arg(newName));
+        return FFile.ProblemAt(
+            Token(field->Name).Offset, QStringLiteral("\"%1\" is no name of a component").arg(newName));
     const auto* other = found->FieldNamed(newName);
     if (other && other->Name != field->Name)
         return FFile.ProblemAt(Token(other->Name).Offset, QStringLiteral("%1 is declared already").arg(newName));

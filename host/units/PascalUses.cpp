@@ -34,7 +34,8 @@ Failure PascalUnit::UseInInterface(const UnitReference& unit)
         const auto removal = RemovalFrom(FSyntax.ImplementationUses(), second);
         if (!removal)
             return FFile.ProblemAt(Token(FSyntax.ImplementationUses().Entries[second].First).Offset,
-                QStringLiteral("%1 is needed by the interface, and cannot be moved there from between these directives").arg(name));
+                QStringLiteral("%1 is needed by the interface, and cannot be moved there from between these directives")
+                    .arg(name));
         edits << *removal;
     }
     return Change(edits);
@@ -82,10 +83,10 @@ QString PascalUnit::Separator(const PascalUses& uses, int last, const QString& n
         return eol + FFile.IndentAt(start) + FFile.Text().sliced(Token(comma).Offset, gap + 1);
     }
     const auto continued = QStringLiteral(",") + eol
-        + (FFile.LineStart(start) == FFile.LineStart(Token(uses.Keyword).Offset) ? FFile.IndentAt(start) + QStringLiteral("  ")
-                                                                                 : FFile.IndentAt(start));
-    const bool listed = last > 0 && StartsLine(entry.First)
-        && (StartsLine(uses.Entries[last - 1].First) || last == 1);
+        + (FFile.LineStart(start) == FFile.LineStart(Token(uses.Keyword).Offset)
+                ? FFile.IndentAt(start) + QStringLiteral("  ")
+                : FFile.IndentAt(start));
+    const bool listed = last > 0 && StartsLine(entry.First) && (StartsLine(uses.Entries[last - 1].First) || last == 1);
     if (listed)
         return continued;
     const auto length = Token(entry.Last).End() - FFile.LineStart(Token(entry.Last).Offset) + name.size() + 3;

@@ -26,11 +26,12 @@ bool AreScoped(const QStringList& entries)
     static const QStringList namespaces { QStringLiteral("system"), QStringLiteral("vcl"), QStringLiteral("fmx"),
         QStringLiteral("data"), QStringLiteral("winapi"), QStringLiteral("xml"), QStringLiteral("web"),
         QStringLiteral("soap"), QStringLiteral("datasnap"), QStringLiteral("bde"), QStringLiteral("posix") };
-    static const QStringList plainUnits { QStringLiteral("sysutils"), QStringLiteral("classes"), QStringLiteral("forms"),
-        QStringLiteral("controls"), QStringLiteral("windows"), QStringLiteral("messages"), QStringLiteral("variants"),
-        QStringLiteral("graphics"), QStringLiteral("dialogs"), QStringLiteral("stdctrls"), QStringLiteral("extctrls"),
-        QStringLiteral("comctrls"), QStringLiteral("menus"), QStringLiteral("buttons"), QStringLiteral("db"),
-        QStringLiteral("dbctrls"), QStringLiteral("dbgrids"), QStringLiteral("grids"), QStringLiteral("mask") };
+    static const QStringList plainUnits { QStringLiteral("sysutils"), QStringLiteral("classes"),
+        QStringLiteral("forms"), QStringLiteral("controls"), QStringLiteral("windows"), QStringLiteral("messages"),
+        QStringLiteral("variants"), QStringLiteral("graphics"), QStringLiteral("dialogs"), QStringLiteral("stdctrls"),
+        QStringLiteral("extctrls"), QStringLiteral("comctrls"), QStringLiteral("menus"), QStringLiteral("buttons"),
+        QStringLiteral("db"), QStringLiteral("dbctrls"), QStringLiteral("dbgrids"), QStringLiteral("grids"),
+        QStringLiteral("mask") };
     int scoped = 0;
     int plain = 0;
     for (const auto& entry : entries) {
