@@ -45,6 +45,7 @@ private:
     SourceEdit RemovalOfName(const PascalField& field) const;
 
     QString NameFor(const UnitReference& unit) const;
+    qsizetype EndOf(const PascalUsesEntry& entry) const;
     SourceEdit AdditionTo(const PascalUses& uses, const QString& name) const;
     QString Separator(const PascalUses& uses, int last, const QString& name) const;
     SourceEdit NewUses(int section, const QString& name) const;

@@ -58,6 +58,22 @@ Failure PascalUnit::UseInImplementation(const UnitReference& unit)
     return Change({ uses.Exists() ? AdditionTo(uses, name) : NewUses(FSyntax.Implementation(), name) });
 }
 
+// The end of an entry, with the form that a program names in a comment behind the file's name.
+qsizetype PascalUnit::EndOf(const PascalUsesEntry& entry) const
+{
+    auto end = Token(entry.Last).End();
+    if (entry.FileName.isEmpty())
+        return end;
+    for (int next = entry.Last + 1; next < FSyntax.Tokens().size() && !Token(next).IsCode(); ++next) {
+        const auto text = Token(next).In(FFile.Text());
+        if (text.contains(u'\n') || text.contains(u'\r'))
+            break;
+        if (Token(next).Type == SourceToken::Comment && text.startsWith(u'{'))
+            end = Token(next).End();
+    }
+    return end;
+}
+
 // Behind the last entry that no conditional encloses, or right behind the keyword where all of them are enclosed.
 SourceEdit PascalUnit::AdditionTo(const PascalUses& uses, const QString& name) const
 {
@@ -65,7 +81,7 @@ SourceEdit PascalUnit::AdditionTo(const PascalUses& uses, const QString& name) c
     for (auto i = uses.Entries.size() - 1; i >= 0; --i) {
         const auto& entry = uses.Entries[i];
         if (Token(entry.First).Depth == depth)
-            return { Token(entry.Last).End(), 0, Separator(uses, int(i), name) + name };
+            return { EndOf(entry), 0, Separator(uses, int(i), name) + name };
     }
     return { Token(uses.Keyword).End(), 0, u' ' + name + (uses.Entries.isEmpty() ? QString() : QStringLiteral(",")) };
 }
