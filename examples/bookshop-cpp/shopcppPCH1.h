@@ -1,0 +1,2 @@
+#include <vcl.h>
+#include <tchar.h>
