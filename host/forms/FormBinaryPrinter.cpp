@@ -121,7 +121,7 @@ QByteArray FormBinaryPrinter::value(const FormValue& value) const
 
 QByteArray FormBinaryPrinter::real(const FormValue& value) const
 {
-    switch (value.kind()) {
+    switch (m_reals == Reals::Extended ? FormValue::Kind::Real : value.kind()) {
     case FormValue::Kind::Double:
         return tag(BinaryType::Double) + bytesOf(static_cast<double>(value.toReal()));
     case FormValue::Kind::Single:

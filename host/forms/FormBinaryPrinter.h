@@ -10,10 +10,16 @@
 // Spells values and headers in the bytes of a binary form. A name has room for 255 bytes and is cut there.
 class FormBinaryPrinter {
 public:
-    explicit FormBinaryPrinter(const FormEncoding& encoding)
+    // Numbers with a point in the form of their kind (single, currency, date ...), or all of them extended.
+    enum class Reals { OfTheirKind, Extended };
+
+    explicit FormBinaryPrinter(const FormEncoding& encoding, Reals reals = Reals::OfTheirKind)
         : m_encoding(encoding)
+        , m_reals(reals)
     {
     }
+
+    inline static const QByteArray signature = QByteArrayLiteral("TPF0");
 
     QByteArray value(const FormValue& value) const;
     static QByteArray integer(qint64 number);
@@ -28,4 +34,5 @@ private:
     QByteArray item(const FormItem& item) const;
 
     FormEncoding m_encoding;
+    Reals m_reals;
 };

@@ -1,5 +1,9 @@
 #include "forms/FormBinaryReader.h"
 
+#include <QUtf8StringView>
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -37,7 +41,25 @@ std::optional<FormError> FormBinaryReader::read()
         return m_error;
     }
     m_tree.suffix = m_tree.source().sliced(m_pieceStart);
+    if (m_nonAscii && m_utf8)
+        m_tree.encoding = FormEncoding::utf8();
     return std::nullopt;
+}
+
+QByteArrayView FormBinaryReader::name()
+{
+    const auto found = m_cursor.shortString();
+    note(found);
+    return found;
+}
+
+// Nothing in a binary form says what its narrow strings are in: it is UTF-8 where all of them are valid UTF-8.
+void FormBinaryReader::note(QByteArrayView text)
+{
+    if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<uchar>(c) < 0x80; }))
+        return;
+    m_nonAscii = true;
+    m_utf8 = m_utf8 && QUtf8StringView(text.data(), text.size()).isValidUtf8();
 }
 
 QByteArrayView FormBinaryReader::upTo(qsizetype end)
@@ -87,11 +109,11 @@ void FormBinaryReader::header(FormNode& node)
     FormNode::Header made;
     if (m_cursor.peek() >= flagMask && m_cursor.number<uchar>() & flagPlace)
         made.index = place();
-    made.className = m_cursor.shortString();
+    made.className = name();
     check("the name of a class");
     if (made.className.isEmpty())
         fail(u"an object without a class; the file is damaged, take it from a backup"_s, m_cursor.at());
-    made.name = m_cursor.shortString();
+    made.name = name();
     check("the name of an object");
     made.bytes = upTo(m_cursor.at());
     m_tree.setHeader(node, made);
@@ -144,7 +166,7 @@ FormProperty* FormBinaryReader::property(FormNode& owner)
 {
     auto* made = m_tree.makeProperty(&owner);
     FormProperty::Pieces pieces;
-    pieces.name = m_cursor.shortString();
+    pieces.name = name();
     check("the name of a property");
     pieces.lead = upTo(m_cursor.at());
     if (static_cast<BinaryType>(m_cursor.peek()) == BinaryType::Collection) {
@@ -182,9 +204,11 @@ void FormBinaryReader::skipValue()
         return skipFixed(10);
     case BinaryType::String:
     case BinaryType::Ident:
-        m_cursor.shortString();
+        name();
         break;
     case BinaryType::LString:
+        note(m_cursor.longString());
+        break;
     case BinaryType::Utf8String:
     case BinaryType::Binary:
         m_cursor.longString();
@@ -224,7 +248,7 @@ void FormBinaryReader::skipAmbiguous()
 
 void FormBinaryReader::skipSet()
 {
-    while (!m_cursor.shortString().isEmpty())
+    while (!name().isEmpty())
         check("an element of a set");
     check("a set");
 }

@@ -38,6 +38,8 @@ private:
     void collection(FormProperty::Pieces& pieces, FormProperty* property);
     FormNode* item();
 
+    QByteArrayView name();
+    void note(QByteArrayView text);
     QByteArrayView upTo(qsizetype end);
     void check(const char* what); // that the last read did not run past the end
     [[noreturn]] void fail(const QString& message, qsizetype at);
@@ -51,6 +53,8 @@ private:
     qsizetype m_valueStart = 0;
     bool m_doubles;
     bool m_ambiguous = false;
+    bool m_nonAscii = false; // in any narrow string
+    bool m_utf8 = true; // every one of them
     int m_depth = 0;
     std::vector<FormProperty*> m_properties;
     std::vector<FormNode*> m_nodes;

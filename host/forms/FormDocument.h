@@ -12,6 +12,7 @@
 #include <memory>
 
 class FormJournal;
+class FormTree;
 struct FormNames;
 
 struct FormReadOptions {
@@ -77,6 +78,8 @@ public:
     int lastPosition() const; // how far redoTo can go
     void undoTo(int position);
     void redoTo(int position);
+
+    const FormTree& tree() const { return *m_tree; } // the pieces, for the other classes of this folder
 
 private:
     FormDocument(std::unique_ptr<FormTree> tree, QString fileName);

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 
 #include <utility>
 #include <variant>
+
+class FormEncoding;
 
 // Why a form file could not be read, and where. A value: nothing in this folder throws for bad input.
 // Lines and columns count from 1 and columns count characters, not bytes. A binary form has no lines: line is 0
@@ -17,6 +20,10 @@ struct FormError {
 
     QString toString() const; // "file:line:column: message", or "file: message (at byte N)" in a binary form
 };
+
+// The error at an offset in a text, whose first line begins at `textStart` (behind a mark).
+FormError formErrorAt(
+    QByteArrayView text, qsizetype textStart, const FormEncoding& encoding, qsizetype offset, const QString& message);
 
 // Either a value or the error that stood in its way.
 template <typename T>

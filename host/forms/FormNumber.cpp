@@ -1,8 +1,8 @@
 #include "forms/FormNumber.h"
 
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 
 namespace {
@@ -31,20 +31,20 @@ struct Decimal {
     bool negative = false;
 };
 
-Decimal decimal(long double number, int count)
+// The fewest digits that tell the number from its neighbours of the same precision.
+template <typename T>
+Decimal shortest(T number)
 {
     std::array<char, 64> text {};
-    std::snprintf(text.data(), text.size(), "%.*Le", count - 1, number);
-    const QByteArray whole(text.data());
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::scientific).ptr;
+    const QByteArrayView whole(text.data(), end - text.data());
     const auto e = whole.indexOf('e');
     Decimal made;
     made.negative = whole.startsWith('-');
     for (const char c : whole.first(e))
         if (isDigit(c))
             made.digits += c;
-    while (made.digits.size() > 1 && made.digits.endsWith('0'))
-        made.digits.chop(1);
-    made.exponent = whole.mid(e + 1).toInt() + 1;
+    made.exponent = whole.sliced(e + 1).toInt() + 1;
     return made;
 }
 
@@ -70,10 +70,23 @@ QByteArray scientific(const Decimal& number)
     return (number.negative ? "-" : "") + digits + 'E' + QByteArray::number(number.exponent - 1);
 }
 
-QByteArray spell(const Decimal& number, bool padded)
+template <typename T>
+QByteArray spell(T number, bool padded)
 {
-    const bool plain = number.exponent > -5 && number.exponent <= 18 && number.digits.size() - number.exponent <= 18;
-    return plain ? fixed(number, padded) : scientific(number);
+    if (std::isnan(number))
+        return "NAN";
+    if (std::isinf(number))
+        return number < 0 ? "-1E5000" : "1E5000";
+    const auto digits = shortest(number);
+    const bool plain = digits.exponent > -5 && digits.exponent <= 18 && digits.digits.size() - digits.exponent <= 18;
+    return plain ? fixed(digits, padded) : scientific(digits);
+}
+
+template <typename T>
+QByteArray spellNarrow(long double number, bool padded)
+{
+    const auto text = spell(static_cast<T>(number), padded);
+    return static_cast<T>(FormNumber::parse(text)) == number ? text : spell(number, padded);
 }
 
 }
@@ -93,51 +106,25 @@ std::optional<qint64> FormNumber::parseInteger(QByteArrayView digits)
 
 long double FormNumber::parse(QByteArrayView digits)
 {
-    const bool negative = digits.startsWith('-');
-    qsizetype at = negative ? 1 : 0;
-    long double sum = 0;
-    for (; at < digits.size() && isDigit(digits[at]); ++at)
-        sum = sum * 10 + (digits[at] - '0');
-    if (at < digits.size() && digits[at] == '.') {
-        long double scale = 1;
-        for (++at; at < digits.size() && isDigit(digits[at]); ++at) {
-            sum = sum * 10 + (digits[at] - '0');
-            scale *= 10;
-        }
-        sum /= scale;
-    }
-    if (at < digits.size() && (digits[at] | 0x20) == 'e') {
-        const bool down = ++at < digits.size() && digits[at] == '-';
-        if (down || (at < digits.size() && digits[at] == '+'))
-            ++at;
-        int exponent = 0;
-        for (; at < digits.size() && isDigit(digits[at]) && exponent < 10000; ++at)
-            exponent = exponent * 10 + (digits[at] - '0');
-        long double scale = 1;
-        for (int i = 0; i < exponent; ++i)
-            scale *= 10;
-        sum = down ? sum / scale : sum * scale;
-    }
-    return negative ? -sum : sum;
+    long double number = 0;
+    const auto end = digits.data() + digits.size();
+    if (std::from_chars(digits.data(), end, number).ec != std::errc::result_out_of_range)
+        return number;
+    const bool tiny = digits.contains("E-") || digits.contains("e-");
+    return std::copysign(
+        tiny ? 0 : std::numeric_limits<long double>::infinity(), digits.startsWith('-') ? -1.0L : 1.0L);
 }
 
-QByteArray FormNumber::print(long double number, bool padded)
+QByteArray FormNumber::print(long double number, bool padded, Precision precision)
 {
-    if (std::isnan(number))
-        return "NAN";
-    if (std::isinf(number))
-        return number < 0 ? "-1E5000" : "1E5000";
-    long double target = number;
-    QByteArray text;
-    for (int count = 15; count <= 24; ++count) {
-        text = spell(decimal(target, count), padded);
-        const auto meant = parse(text);
-        if (meant == number)
-            return text;
-        if (count >= 21 && std::isfinite(meant))
-            target += number - meant;
+    switch (precision) {
+    case Precision::Single:
+        return spellNarrow<float>(number, padded);
+    case Precision::Double:
+        return spellNarrow<double>(number, padded);
+    default:
+        return spell(number, padded);
     }
-    return text;
 }
 
 QByteArray FormNumber::printCurrency(long double number)

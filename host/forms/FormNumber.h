@@ -10,12 +10,14 @@ namespace FormNumber {
 // "12", "-12", "$1F". Decimal numbers up to 18446744073709551615 are taken as their 64 bits; more has no value.
 std::optional<qint64> parseInteger(QByteArrayView digits);
 
-// The number before a suffix, in the precision and by the steps that stream readers of compilers use, so that the
-// same digits give the same 80 bits.
+// The number nearest to the digits; what stands behind them, a suffix, does not count. Too large is infinite.
 long double parse(QByteArrayView digits);
 
-// The fewest digits that parse() reads back as the same number. With `padded` they are filled up to 18 decimals.
-QByteArray print(long double number, bool padded);
+enum class Precision { Single, Double, Extended };
+
+// The fewest digits that mean the same number in its precision. With `padded` they are filled up to 18 decimals. A
+// number that does not fit its precision is spelled in full.
+QByteArray print(long double number, bool padded, Precision precision = Precision::Extended);
 QByteArray printCurrency(long double number);
 
 }

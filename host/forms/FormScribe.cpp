@@ -10,24 +10,11 @@ bool endsLine(QByteArrayView bytes)
     return bytes.endsWith('\n') || bytes.endsWith('\r');
 }
 
-const char* keyword(FormNode::Kind kind)
-{
-    switch (kind) {
-    case FormNode::Kind::Inherited:
-        return "inherited";
-    case FormNode::Kind::Inline:
-        return "inline";
-    case FormNode::Kind::Item:
-        return "item";
-    default:
-        return "object";
-    }
-}
-
 class FormTextScribe : public FormScribe {
 public:
     explicit FormTextScribe(FormTextStyle style)
         : m_style(std::move(style))
+        , m_printer(m_style)
     {
     }
 
@@ -51,7 +38,7 @@ public:
     QByteArray newHeader(const QByteArray& indent, const FormNames& names) const override
     {
         const auto before = names.kind == FormNode::Kind::Item ? m_style.lineEnd : QByteArray();
-        return before + indent + keyword(names.kind) + says(names) + m_style.lineEnd;
+        return before + indent + m_printer.header(names) + m_style.lineEnd;
     }
 
     Frame newFrame(const QByteArray& indent, FormNode::Kind kind) const override
@@ -68,9 +55,7 @@ public:
         for (auto token = lexer.next(); token.kind != FormToken::Kind::End; token = lexer.next())
             last = token.end;
         const auto before = bytes.first(word.begin).toByteArray();
-        const auto spelled
-            = node.kind() == names.kind ? lexer.text(word).toByteArray() : QByteArray(keyword(names.kind));
-        return before + spelled + says(names) + bytes.sliced(last).toByteArray();
+        return before + m_printer.header(names) + bytes.sliced(last).toByteArray();
     }
 
     FormNode::Header locate(QByteArrayView header, const FormNames& names) const override
@@ -118,16 +103,6 @@ private:
         property.nameAt += m_style.lineEnd.size();
     }
 
-    QByteArray says(const FormNames& names) const
-    {
-        QByteArray text;
-        if (!names.className.isEmpty())
-            text += ' ' + (names.name.isEmpty() ? QByteArray() : names.name + ": ") + names.className;
-        if (names.index)
-            text += (m_style.tightIndex ? "[" : " [") + QByteArray::number(*names.index) + ']';
-        return text;
-    }
-
     QByteArray propertyIndent(const FormNode& owner) const
     {
         if (!owner.properties().empty())
@@ -146,10 +121,11 @@ private:
     {
         if (value.kind() == FormValue::Kind::Collection)
             return { {}, 0, "<", ">", {} };
-        return { {}, 0, FormTextPrinter(m_style).value(value, indent), {}, {} };
+        return { {}, 0, m_printer.value(value, indent), {}, {} };
     }
 
     FormTextStyle m_style;
+    FormTextPrinter m_printer;
 };
 
 class FormBinaryScribe : public FormScribe {

@@ -5,15 +5,6 @@
 
 #include <memory>
 
-// What the header of a node says.
-struct FormNames {
-    FormNode::Kind kind = FormNode::Kind::Object;
-    QByteArray className;
-    QByteArray name;
-    std::optional<int> index;
-    bool operator==(const FormNames&) const = default;
-};
-
 // Spells what an edit adds to a tree, in the tree's format. The bytes it gives are new; nothing in the tree changes.
 class FormScribe {
 public:

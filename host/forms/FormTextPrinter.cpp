@@ -18,16 +18,43 @@ QByteArray real(const FormValue& value, bool padded)
 {
     switch (value.kind()) {
     case FormValue::Kind::Single:
-        return FormNumber::print(value.toReal(), padded) + 's';
+        return FormNumber::print(value.toReal(), padded, FormNumber::Precision::Single) + 's';
     case FormValue::Kind::Currency:
         return FormNumber::printCurrency(value.toReal());
     case FormValue::Kind::Date:
-        return FormNumber::print(value.toReal(), padded) + 'd';
+        return FormNumber::print(value.toReal(), padded, FormNumber::Precision::Double) + 'd';
+    case FormValue::Kind::Double:
+        return FormNumber::print(value.toReal(), padded, FormNumber::Precision::Double);
     default:
         return FormNumber::print(value.toReal(), padded);
     }
 }
 
+}
+
+const char* FormTextPrinter::keyword(FormNode::Kind kind)
+{
+    switch (kind) {
+    case FormNode::Kind::Inherited:
+        return "inherited";
+    case FormNode::Kind::Inline:
+        return "inline";
+    case FormNode::Kind::Item:
+        return "item";
+    default:
+        return "object";
+    }
+}
+
+QByteArray FormTextPrinter::header(const FormNames& names) const
+{
+    QByteArray text(keyword(names.kind));
+    if (!names.className.isEmpty())
+        text += ' ' + (names.name.isEmpty() ? QByteArray() : names.name + ": ") + names.className;
+    if (names.index)
+        text += (m_style.tightIndex && names.kind != FormNode::Kind::Item ? "[" : " [")
+            + QByteArray::number(*names.index) + ']';
+    return text;
 }
 
 QByteArray FormTextPrinter::value(const FormValue& value, const QByteArray& indent) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/FormEncoding.h"
+#include "forms/FormNames.h"
 #include "forms/FormValue.h"
 
 #include <QByteArray>
@@ -16,7 +17,7 @@ struct FormTextStyle {
     bool ownLineClose = false; // ) and } on a line of their own
 };
 
-// Spells values in text. `indent` is what stands before the property of the value in its line.
+// Spells headers and values in text. `indent` is what stands before the property of the value in its line.
 class FormTextPrinter {
 public:
     explicit FormTextPrinter(const FormTextStyle& style)
@@ -24,10 +25,12 @@ public:
     {
     }
 
+    QByteArray header(const FormNames& names) const; // object Edit1: TEdit [2]
+    static const char* keyword(FormNode::Kind kind);
     QByteArray value(const FormValue& value, const QByteArray& indent) const;
-    QByteArray string(const FormValue& value, const QByteArray& indent) const;
 
 private:
+    QByteArray string(const FormValue& value, const QByteArray& indent) const;
     QByteArray list(const QList<FormValue>& values, const QByteArray& indent) const;
     QByteArray collection(const QList<FormItem>& items, const QByteArray& indent) const;
     QByteArray binary(const QByteArray& data, const QByteArray& indent) const;

@@ -337,20 +337,6 @@ void FormTextReader::failExpected(const QString& what)
 
 void FormTextReader::fail(const QString& message)
 {
-    const auto bytes = m_tree.source();
-    FormError error;
-    error.message = message;
-    error.offset = m_token.begin;
-    error.line = 1;
-    qsizetype lineStart = m_tree.prefix.size();
-    for (qsizetype at = lineStart; at < m_token.begin; ++at) {
-        const bool pair = bytes[at] == '\r' && at + 1 < bytes.size() && bytes[at + 1] == '\n';
-        if (pair || (bytes[at] != '\r' && bytes[at] != '\n'))
-            continue;
-        ++error.line;
-        lineStart = at + 1;
-    }
-    error.column = static_cast<int>(m_tree.encoding.characters(bytes.sliced(lineStart, m_token.begin - lineStart))) + 1;
-    m_error = error;
+    m_error = formErrorAt(m_tree.source(), m_tree.prefix.size(), m_tree.encoding, m_token.begin, message);
     throw Failure();
 }

@@ -1,0 +1,3 @@
+object A: TA
+end
+what stands here is kept

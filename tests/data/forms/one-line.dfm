@@ -1,0 +1,1 @@
+object A:TA x=1 y='two'z=<item a=1 end item b=2 end>object B:TB end object TC q=(1 2)end end

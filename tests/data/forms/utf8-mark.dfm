@@ -1,0 +1,3 @@
+﻿object Käse: TKäse
+  Überschrift = 'Grüße'
+end

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+// The compiler's own stream reader, run as a process over bytes that a test has.
+class FormPeer {
+public:
+    static bool isThere(); // false where it was not built, since the compiler is missing
+
+    // What it makes of each input, text to binary and binary to text, in their order; nothing where it refuses one.
+    static QList<std::optional<QByteArray>> convert(const QList<QByteArray>& inputs);
+};
