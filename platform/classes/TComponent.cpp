@@ -22,7 +22,7 @@ TComponent::~TComponent()
 {
     Destroying();
     for (const auto listeners = std::exchange(FFreeNotifies, {}); auto* listener : listeners) {
-        listener->FFreeNotifies.removeOne(this);
+        listener->FFreeNotifies.remove(listener->FFreeNotifies.lastIndexOf(this));
         listener->Notification(this, opRemove);
     }
     while (!FComponents.isEmpty())
@@ -130,7 +130,11 @@ void TComponent::SetDesignPosition(int left, int top)
 
 void TComponent::FreeNotification(TComponent* component)
 {
-    if (!component || component == this || component->FFreeNotifies.contains(this))
+    if (!component || component == this)
+        return;
+    // The lists mirror each other, and a connection's is as long as the form: ask the short one.
+    const bool mineIsShorter = FFreeNotifies.size() <= component->FFreeNotifies.size();
+    if (mineIsShorter ? FFreeNotifies.contains(component) : component->FFreeNotifies.contains(this))
         return;
     component->FFreeNotifies << this;
     FFreeNotifies << component;

@@ -99,6 +99,7 @@ void TPersistent::ClearStoredReferences(const TComponent* component)
 
 void TPersistent::Changed(const QString& property)
 {
+    PropertyChanged(property);
     auto* root = this;
     while (auto* owner = root->GetOwner())
         root = owner;

@@ -63,6 +63,8 @@ public:
 
 protected:
     virtual TClass BuiltInClass() const { return Class(); }
+    // Called by Changed on the object itself, before the designer hears of the change.
+    virtual void PropertyChanged(const QString&) { }
     TPersistent* SubObjectOwner() const { return FSubObjectOwner; }
     // Forgets every stored reference to that component.
     void ClearStoredReferences(const TComponent* component);

@@ -124,6 +124,14 @@ public:
     // A property that the class publishes and that the instance keeps as it was given (see TPersistent::StoredValue).
     TClassBuilder& Stored(const QString& name, const TTypeInfo& type, const QVariant& defaultValue = {});
 
+    // The property declared last belongs into form files only while this holds.
+    TClassBuilder& StoredIf(std::function<bool(const T&)> condition)
+    {
+        FInfo.Properties.last().IsStored
+            = [condition](const TPersistent* object) { return condition(static_cast<const T&>(*object)); };
+        return *this;
+    }
+
     TClass Made()
     {
         Index();

@@ -39,6 +39,9 @@ struct TPropInfo {
     QVariant Default;
     // True for an object that belongs to the instance (a TStrings, a Font) and not a reference to another component.
     bool IsSubObject = false;
+    // Whether the instance's value belongs into its form file at all; empty where the default alone decides. A file that
+    // holds the property all the same is read.
+    std::function<bool(const TPersistent*)> IsStored = {};
 };
 
 // What is known of a class. Made by TClassBuilder or DefineClass; see TClass.
