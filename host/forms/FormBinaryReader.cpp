@@ -122,8 +122,10 @@ void FormBinaryReader::header(FormNode& node)
 int FormBinaryReader::place()
 {
     const auto at = m_cursor.at();
+    const auto type = static_cast<BinaryType>(m_cursor.number<uchar>());
+    check("the place among the siblings");
     int found = 0;
-    switch (static_cast<BinaryType>(m_cursor.number<uchar>())) {
+    switch (type) {
     case BinaryType::Int8:
         found = m_cursor.number<qint8>();
         break;

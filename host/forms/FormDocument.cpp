@@ -54,7 +54,8 @@ BinaryPlace unwrap(QByteArrayView bytes)
 
 std::optional<FormError> unknownEncoding(QByteArrayView bytes)
 {
-    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))
+    const bool unmarked = bytes.size() > 1 && (bytes[0] == 0) != (bytes[1] == 0); // one letter in two bytes
+    if (unmarked || bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))
         return errorAt(u"the file is in UTF-16, which form files cannot be in; save it as UTF-8"_s, 0, 1);
     return std::nullopt;
 }
