@@ -23,14 +23,17 @@ public:
     {
     }
 
+    // Unbuffered, so that a write that fails tells why.
     Failure Write()
     {
-        if (!FSave.open(QIODevice::WriteOnly))
+        if (!FSave.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
             return Refused(FSave.errorString());
-        const bool written = FSave.write(FContent.Bytes) == FContent.Bytes.size() && FSave.flush()
-            && FSave.error() == QFileDevice::NoError;
-        if (!written)
-            return Refused(FSave.errorString());
+        for (qsizetype done = 0; done < FContent.Bytes.size();) {
+            const auto written = FSave.write(FContent.Bytes.constData() + done, FContent.Bytes.size() - done);
+            if (written <= 0)
+                return Refused(FSave.errorString());
+            done += written;
+        }
         if (::fsync(FSave.handle()) != 0 && errno != EINVAL && errno != ENOTSUP)
             return Refused(qt_error_string(errno));
         return KeepOld();
@@ -83,7 +86,9 @@ private:
         const auto tag = QUuid::createUuid().toString(QUuid::Id128).left(8);
         const auto name
             = target.path() + QStringLiteral("/.") + target.fileName() + u'.' + tag + QStringLiteral(".old");
-        const bool linked = ::link(QFile::encodeName(FTarget).constData(), QFile::encodeName(name).constData()) == 0;
+        // A second name of somebody else's file might not be ours to remove.
+        const bool linked = target.ownerId() == ::geteuid()
+            && ::link(QFile::encodeName(FTarget).constData(), QFile::encodeName(name).constData()) == 0;
         QFile source(FTarget);
         if (!linked && !source.copy(name)) {
             QFile::remove(name);

@@ -82,14 +82,17 @@ private:
     {
         QList<CppField> fields;
         QString type;
+        int angles = 0;
         for (qsizetype i = 0; i < tokens.size(); ++i) {
-            const bool ends = i + 1 == tokens.size() || S.Is(tokens[i + 1], ",");
-            const bool word = S.Tokens()[tokens[i]].Type == SourceToken::Word;
+            const int at = tokens[i];
+            angles += S.Is(at, "<") ? 1 : S.Is(at, ">") ? -1 : 0;
+            const bool ends = angles == 0 && (i + 1 == tokens.size() || S.Is(tokens[i + 1], ","));
+            const bool word = S.Tokens()[at].Type == SourceToken::Word;
             if (i > 0 && ends && word)
-                fields.append({ { S.TextOf(tokens[i]), {} }, tokens[i], tokens.first(), semicolon, 1 });
-            else if (fields.isEmpty() && !S.Is(tokens[i], "*") && !S.Is(tokens[i], "&"))
-                type += (type.isEmpty() || !word || type.endsWith(u':') ? QString() : QStringLiteral(" "))
-                    + S.TextOf(tokens[i]);
+                fields.append({ { S.TextOf(at), {} }, at, tokens.first(), semicolon, 1 });
+            else if (fields.isEmpty() && !S.Is(at, "*") && !S.Is(at, "&"))
+                type += (word && !type.isEmpty() && type.back().isLetterOrNumber() ? QStringLiteral(" ") : QString())
+                    + S.TextOf(at);
         }
         for (auto& field : fields) {
             field.Declaration.Type = type;
@@ -145,6 +148,11 @@ std::optional<CppClass> CppSyntax::ClassAt(int index, const QString& name) const
     if (!Is(at, "{"))
         return {};
     found.Open = at;
+    const int first = Next(at);
+    const bool labelled = Is(Next(first), ":") || Is(first, "}");
+    found.StartAccess = labelled ? QString()
+        : Is(index, "struct")    ? QStringLiteral("public:")
+                                 : QStringLiteral("private:");
     CppClassReader(*this, found).Run();
     return found;
 }

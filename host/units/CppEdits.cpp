@@ -30,7 +30,9 @@ Failure CppUnit::AddField(const QString& className, const FieldDeclaration& fiel
     const int depth = part.Token(found->NameToken).Depth;
     if (found->Published < 0) {
         const auto [place, ownLine] = part.Behind(found->Open, depth);
-        const auto section = outer + QStringLiteral("__published:") + eol + outer + u'\t' + line + eol;
+        auto section = outer + QStringLiteral("__published:") + eol + outer + u'\t' + line + eol;
+        if (!found->StartAccess.isEmpty())
+            section += outer + found->StartAccess + eol;
         return part.Change({ { place, 0, ownLine ? section : eol + section } });
     }
     auto indent = outer + u'\t';

@@ -27,6 +27,7 @@ struct CppClass {
     QString Ancestor;
     int NameToken = -1;
     int Open = -1; // the brace
+    QString StartAccess; // the label that the members at the start would have; empty where they have one
     int End = -1; // the brace that closes the class
     int Published = -1; // the colon of the first __published section
     QList<CppField> Fields; // of that section
