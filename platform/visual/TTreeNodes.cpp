@@ -83,6 +83,8 @@ void TTreeNodes::Remove(TTreeNode* node)
     if (FView)
         FView->NodeDeletion(node);
     auto* parent = node->FParent;
+    if (parent->Count() == 1)
+        parent->SetExpanded(false);
     const int position = node->Index();
     if (!FResetting)
         beginRemoveRows(IndexOf(parent), position, position);
@@ -91,8 +93,6 @@ void TTreeNodes::Remove(TTreeNode* node)
     const auto gone = std::move(parent->FChildren[size_t(position)]);
     parent->FChildren.erase(parent->FChildren.begin() + position);
     parent->FIndexesStale = true;
-    if (parent->FChildren.empty())
-        parent->FExpanded = false;
     if (!FResetting)
         endRemoveRows();
 }
@@ -125,6 +125,8 @@ void TTreeNodes::Move(TTreeNode* node, TTreeNode* parent, int position)
     const int start = node->Index();
     if (from == parent && (position == start || position == start + 1))
         return;
+    if (from != parent && from->Count() == 1)
+        from->SetExpanded(false);
     if (!FResetting && !beginMoveRows(IndexOf(from), start, start, IndexOf(parent), position))
         return;
     auto held = std::move(from->FChildren[size_t(start)]);
@@ -134,8 +136,6 @@ void TTreeNodes::Move(TTreeNode* node, TTreeNode* parent, int position)
     parent->FChildren.insert(parent->FChildren.begin() + place, std::move(held));
     from->FIndexesStale = true;
     parent->FIndexesStale = true;
-    if (from->FChildren.empty())
-        from->FExpanded = false;
     Touch(parent);
     if (!FResetting)
         endMoveRows();
