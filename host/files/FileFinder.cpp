@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <climits>
+
 namespace {
 
 // Folded so that names meet that differ in case or in the way their accents are composed.
@@ -34,29 +36,34 @@ QString FileFinder::Find(const QString& path)
 {
     if (path.isEmpty() || IsForeignAbsolutePath(path))
         return {};
-    const auto wanted = ResolvedPath(QDir::currentPath(), path);
-    if (const auto known = FFound.constFind(wanted); known != FFound.cend())
+    const auto clean = ResolvedPath(QDir::currentPath(), path);
+    return clean.size() > PATH_MAX ? QString() : FindClean(clean);
+}
+
+QString FileFinder::FindClean(const QString& path)
+{
+    if (const auto known = FFound.constFind(path); known != FFound.cend())
         return *known;
-    QString found = QStringLiteral("/");
-    for (const auto& part : wanted.split(u'/', Qt::SkipEmptyParts)) {
-        found = FindEntry(found, part);
-        if (found.isEmpty())
-            break;
+    const auto slash = path.lastIndexOf(u'/');
+    QString found = path;
+    if (path.size() > 1) {
+        const auto folder = slash == 0 ? QStringLiteral("/") : FindClean(path.left(slash));
+        found = folder.isEmpty() ? QString() : FindEntry(folder, path.sliced(slash + 1));
     }
-    FFound.insert(wanted, found);
+    FFound.insert(path, found);
     return found;
 }
 
 QString FileFinder::FindEntry(const QString& folder, const QString& name)
 {
-    const auto exact = folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
-    if (QFileInfo::exists(exact))
-        return exact;
+    const auto prefix = folder.endsWith(u'/') ? folder : folder + u'/';
     const auto& entries = Entries(folder);
     const auto entry = entries.constFind(folded(name));
-    if (entry == entries.cend())
-        return {};
-    return folder.endsWith(u'/') ? folder + *entry : folder + u'/' + *entry;
+    // A folder that cannot be listed may still let its files be opened by name.
+    const bool listed = entry != entries.cend();
+    if ((listed || entries.isEmpty()) && QFileInfo::exists(prefix + name))
+        return prefix + name;
+    return listed ? prefix + *entry : QString();
 }
 
 const QHash<QString, QString>& FileFinder::Entries(const QString& folder)

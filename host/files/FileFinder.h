@@ -12,6 +12,7 @@ public:
     QString Find(const QString& path);
 
 private:
+    QString FindClean(const QString& path);
     QString FindEntry(const QString& folder, const QString& name);
     const QHash<QString, QString>& Entries(const QString& folder);
 

@@ -246,9 +246,9 @@ void ProjectBuilder::SetMainForm(const QList<CreatedForm>& created)
 {
     for (const auto& form : created) {
         const auto* module = Project.FindForm(form.FormName);
-        if (module && module->Type == ModuleType::DataModule)
+        if (!module || module->Type == ModuleType::DataModule)
             continue;
-        Project.MainForm = module ? module->FormName : form.FormName;
+        Project.MainForm = module->FormName;
         return;
     }
 }

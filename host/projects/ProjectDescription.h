@@ -45,7 +45,7 @@ struct ProjectDescription {
     QString Personality; // "Delphi.Personality", "CPlusPlusBuilder.Personality", or as found
     QString FrameworkType; // "VCL", "FMX", "LCL", or as found; empty where nothing tells
     QString MainSource; // the program's source, which is none of the modules: absolute; empty where none is named
-    QString MainForm; // the form's name; empty where it is not known
+    QString MainForm; // the name of the modules' form that is created first; empty where none is known to be
     QList<ModuleDescription> Modules; // in project order
     QStringList OpenFiles; // those of the modules' files that the desktop file lists, absolute, in its order
     ::Problems Problems;
