@@ -51,7 +51,7 @@ struct TStatement {
     // The SQL text, or the name of the table or procedure as the component has it.
     QString Text;
     QList<TStatementParameter> Parameters;
-    // For a table that follows a master: its columns with the values that they must have.
+    // For a dataset that follows a master: its columns with the values that they must have, null included.
     QList<std::pair<QString, QVariant>> Filter;
 };
 

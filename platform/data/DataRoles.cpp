@@ -3,6 +3,8 @@
 #include "classes/TPersistent.h"
 #include "rtl/SysUtils.h"
 
+#include <unordered_map>
+
 namespace {
 
 // The tables as they were set, and completed ones as they were asked for. Nodes of std::unordered_map do not move.
@@ -34,6 +36,7 @@ void CompleteFrom(TDataSetRoles& roles, const TDataSetRoles& parent)
         Complete(roles.*part, parent.*part);
     Complete(roles.TableCommands, parent.TableCommands);
     Complete(roles.ProcedureCommands, parent.ProcedureCommands);
+    Complete(roles.FieldTypes, parent.FieldTypes);
 }
 
 void CompleteFrom(TConnectionRoles& roles, const TConnectionRoles& parent)
@@ -110,12 +113,12 @@ void SetConnectionRoles(TClass aClass, const TConnectionRoles& roles)
     Set(aClass, roles);
 }
 
-const TDataSetRoles& DataSetRoles(TClass aClass)
+const TDataSetRoles& GetDataSetRoles(TClass aClass)
 {
     return Completed<TDataSetRoles>(aClass);
 }
 
-const TConnectionRoles& ConnectionRoles(TClass aClass)
+const TConnectionRoles& GetConnectionRoles(TClass aClass)
 {
     return Completed<TConnectionRoles>(aClass);
 }

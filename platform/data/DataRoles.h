@@ -27,6 +27,8 @@ struct TDataSetRoles {
     QString CommandType;
     QStringList TableCommands;
     QStringList ProcedureCommands;
+    // Field types that the library takes for others than ours: ftMemo to ftWideMemo where its long texts are wide.
+    QHash<QString, QString> FieldTypes;
 };
 
 // A connection's parts. Each is a list of places, of which the first that has a value counts. A place is a property
@@ -48,8 +50,8 @@ struct TConnectionRoles {
 void SetDataSetRoles(TClass aClass, const TDataSetRoles& roles);
 void SetConnectionRoles(TClass aClass, const TConnectionRoles& roles);
 // The parts of the class, completed from its parents. What is given stays valid until roles are set again.
-const TDataSetRoles& DataSetRoles(TClass aClass);
-const TConnectionRoles& ConnectionRoles(TClass aClass);
+const TDataSetRoles& GetDataSetRoles(TClass aClass);
+const TConnectionRoles& GetConnectionRoles(TClass aClass);
 
 // The text of the first place that has one; empty without.
 QString TextAtPlaces(const TPersistent& object, const QStringList& places);

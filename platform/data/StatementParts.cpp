@@ -12,7 +12,7 @@ TPersistent* ReferenceAt(const TPersistent& object, const QString& property)
 
 void SetConnectionOf(TComponent& component, TCustomZAConnection* connection)
 {
-    const auto property = DataSetRoles(component.ClassType()).Connection;
+    const auto property = GetDataSetRoles(component.ClassType()).Connection;
     const auto* published = property.isEmpty() ? nullptr : GetPropInfo(&component, property);
     if (!published)
         throw EPropertyError(QStringLiteral("A %1 has no connection").arg(component.ClassName()));

@@ -92,7 +92,7 @@ void TCustomZAConnection::PropertyChanged(const QString& property)
 
 TConnectionParameters TCustomZAConnection::ConnectionParameters() const
 {
-    const auto& roles = ConnectionRoles(ClassType());
+    const auto& roles = GetConnectionRoles(ClassType());
     const auto provider = TextAtPlaces(*this, roles.Provider);
     TConnectionParameters parameters;
     parameters.Provider = roles.ProviderName.isEmpty() ? roles.Providers.value(provider, provider) : roles.ProviderName;

@@ -7,6 +7,8 @@
 #include "data/TField.h"
 #include "rtl/TClassBuilder.h"
 
+#include <QRegularExpression>
+
 TClass TCustomZADataSet::Class()
 {
     static TClassInfo info;
@@ -46,7 +48,7 @@ void TCustomZADataSet::TakeConnection(TCustomZAConnection* connection)
 
 TDataSource* TCustomZADataSet::MasterSource() const
 {
-    return dynamic_cast<TDataSource*>(ReferenceAt(*this, DataSetRoles(ClassType()).MasterSource));
+    return dynamic_cast<TDataSource*>(ReferenceAt(*this, GetDataSetRoles(ClassType()).MasterSource));
 }
 
 namespace {
@@ -58,32 +60,44 @@ QVariant MasterValue(const TDataSet* master, const QString& fieldName)
     return field ? field->Value() : QVariant();
 }
 
-QList<std::pair<QString, QVariant>> MasterFilter(const TDataSet* master, const QString& details, const QString& fields)
+QStringList FieldNames(const QString& list)
 {
-    QList<std::pair<QString, QVariant>> filter;
-    if (!master || !master->IsOpen() || fields.isEmpty())
-        return filter;
-    const auto masterNames = fields.split(u';');
-    const auto detailNames = (details.isEmpty() ? fields : details).split(u';');
-    for (qsizetype i = 0; i < std::min(masterNames.size(), detailNames.size()); ++i)
-        filter.append({ detailNames[i].trimmed(), MasterValue(master, masterNames[i]) });
-    return filter;
+    QStringList names;
+    for (const auto& name : list.split(u';', Qt::SkipEmptyParts))
+        names << name.trimmed();
+    return names;
+}
+
+bool IsParameterOf(const TStatement& statement, const QString& name)
+{
+    const QRegularExpression use(
+        QStringLiteral(":%1\\b").arg(QRegularExpression::escape(name)), QRegularExpression::CaseInsensitiveOption);
+    return statement.Kind == TStatement::Sql && use.match(statement.Text).hasMatch();
+}
+
+// The detail fields with the master's values, but for those that the statement takes as parameters.
+void AddMasterFilter(
+    TStatement& statement, const TDataSet& master, const QStringList& fields, const QStringList& details)
+{
+    for (qsizetype i = 0; i < fields.size(); ++i)
+        if (!IsParameterOf(statement, fields[i]))
+            statement.Filter.append({ details.value(i, fields[i]), MasterValue(&master, fields[i]) });
 }
 
 }
 
 TStatement TCustomZADataSet::Statement() const
 {
-    const auto& roles = DataSetRoles(ClassType());
+    const auto& roles = GetDataSetRoles(ClassType());
     auto statement = StatementOf(*this, roles);
     const auto* source = MasterSource();
     const auto* master = source ? source->DataSet() : nullptr;
     for (auto& parameter : statement.Parameters)
         if (const auto value = MasterValue(master, parameter.Name); value.isValid())
             parameter.Value = value;
-    if (statement.Kind == TStatement::Table)
-        statement.Filter = MasterFilter(
-            master, TextAtPlaces(*this, { roles.DetailFields }), TextAtPlaces(*this, { roles.MasterFields }));
+    if (master && master->IsOpen() && statement.Kind != TStatement::Procedure)
+        AddMasterFilter(statement, *master, FieldNames(TextAtPlaces(*this, { roles.MasterFields })),
+            FieldNames(TextAtPlaces(*this, { roles.DetailFields })));
     return statement;
 }
 
@@ -101,17 +115,48 @@ IDataAccess& TCustomZADataSet::NeedAccess() const
     throw EDatabaseError(QStringLiteral("%1: nothing here reaches databases").arg(Name()));
 }
 
+namespace {
+
+// What goes wrong is told with the dataset's name in front.
+template <class Work>
+auto ToldWith(const QString& name, const Work& work)
+{
+    try {
+        return work();
+    } catch (const EDatabaseError& error) {
+        throw EDatabaseError(name + QLatin1String(": ") + error.Message());
+    }
+}
+
+}
+
+void TCustomZADataSet::UseOwnTypes(QList<TDataColumn>& columns) const
+{
+    const auto& own = GetDataSetRoles(ClassType()).FieldTypes;
+    for (auto& column : columns) {
+        const auto name = own.value(GetEnumName(FieldTypeInfo(), column.DataType));
+        if (const int type = GetEnumValue(FieldTypeInfo(), name); type >= 0)
+            column.DataType = TFieldType(type);
+    }
+}
+
 bool TCustomZADataSet::DescribeColumns(QList<TDataColumn>& columns)
 {
     auto& connection = NeedConnection();
-    columns = NeedAccess().Describe(connection, Statement());
+    auto& access = NeedAccess();
+    columns = ToldWith(Name(), [&] { return access.Describe(connection, Statement()); });
+    UseOwnTypes(columns);
     return true;
 }
 
 TRowSet TCustomZADataSet::ReadRows()
 {
     auto& connection = NeedConnection();
-    return NeedAccess().Query(connection, Statement(), MaxPreviewRows, QueryCancelled());
+    auto& access = NeedAccess();
+    auto rows
+        = ToldWith(Name(), [&] { return access.Query(connection, Statement(), MaxPreviewRows, QueryCancelled()); });
+    UseOwnTypes(rows.Columns);
+    return rows;
 }
 
 void TCustomZADataSet::ForgetDefinitions()
@@ -125,7 +170,7 @@ void TCustomZADataSet::PropertyChanged(const QString& property)
     TDataSet::PropertyChanged(property);
     if (HasState(csDestroying))
         return;
-    const auto& roles = DataSetRoles(ClassType());
+    const auto& roles = GetDataSetRoles(ClassType());
     const auto is = [&property](const QString& role) { return !role.isEmpty() && SameText(property, role); };
     if (is(roles.Connection))
         TakeConnection(dynamic_cast<TCustomZAConnection*>(ReferenceAt(*this, roles.Connection)));

@@ -33,6 +33,7 @@ private:
     void TakeConnection(TCustomZAConnection* connection);
     TCustomZAConnection& NeedConnection() const;
     IDataAccess& NeedAccess() const;
+    void UseOwnTypes(QList<TDataColumn>& columns) const;
 
     TCustomZAConnection* FConnection = nullptr;
 };

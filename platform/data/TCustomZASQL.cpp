@@ -37,7 +37,8 @@ TClass DescribedStatement(TClassInfo& info, const QString& name, TClass parent, 
 
 TCustomZAConnection* ConnectionOf(const TComponent& component)
 {
-    return dynamic_cast<TCustomZAConnection*>(ReferenceAt(component, DataSetRoles(component.ClassType()).Connection));
+    return dynamic_cast<TCustomZAConnection*>(
+        ReferenceAt(component, GetDataSetRoles(component.ClassType()).Connection));
 }
 
 }

@@ -63,8 +63,8 @@ TEST_F(DataRolesTest, AClassTakesWhatItLeavesOpenFromItsParents)
     TDataSetRoles own;
     own.Table = QStringLiteral("TableName");
     SetDataSetRoles(derived, own);
-    EXPECT_EQ(DataSetRoles(derived).Connection, QStringLiteral("Link"));
-    EXPECT_EQ(DataSetRoles(derived).Table, QStringLiteral("TableName"));
+    EXPECT_EQ(GetDataSetRoles(derived).Connection, QStringLiteral("Link"));
+    EXPECT_EQ(GetDataSetRoles(derived).Table, QStringLiteral("TableName"));
 }
 
 TEST_F(DataRolesTest, AConnectionIsReadFromLinesPartsAndProperties)

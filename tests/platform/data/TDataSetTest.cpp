@@ -24,12 +24,13 @@ public:
     QList<TDataColumn> Describe(TCustomZAConnection&, const TStatement& statement) override
     {
         Asked << QStringLiteral("describe ") + statement.Text;
+        Fail();
         return Rows.Columns;
     }
     TRowSet Query(TCustomZAConnection&, const TStatement& statement, int, const std::function<bool()>&) override
     {
         Asked << QStringLiteral("query ") + statement.Text;
-        Last = statement;
+        Fail();
         return Rows;
     }
     QStringList TableNames(TCustomZAConnection&) override { return {}; }
@@ -38,7 +39,14 @@ public:
     TRowSet Rows { { { QStringLiteral("ID"), ftInteger }, { QStringLiteral("TITLE"), ftString, 40 } },
         { { 1, QStringLiteral("Emma") }, { 2, QStringLiteral("Ulysses") } }, false };
     QStringList Asked;
-    TStatement Last;
+    QString Failure;
+
+private:
+    void Fail() const
+    {
+        if (!Failure.isEmpty())
+            throw EDatabaseError(Failure);
+    }
 };
 
 class TDataSetTest : public testing::Test {
@@ -196,6 +204,20 @@ TEST_F(TDataSetTest, OfATableFollowsItsMasterByTheNamedFields)
     EXPECT_EQ(statement.Filter[0].second, QVariant(1));
 }
 
+TEST_F(TDataSetTest, OfAStatementFollowsItsMasterByTheFieldsThatAreNoParameters)
+{
+    auto* source = new TDataSource(&Module);
+    source->SetDataSet(Query);
+    auto* detail = new TZAQuery(&Module);
+    detail->SQL().SetText(QStringLiteral("select * from SALE where T = :title"));
+    SetPropValue(detail, QStringLiteral("MasterFields"), QStringLiteral("ID;TITLE"));
+    SetObjectProp(detail, QStringLiteral("MasterSource"), source);
+    EXPECT_EQ(detail->Statement().Filter.size(), 0);
+    Query->Open();
+    ASSERT_EQ(detail->Statement().Filter.size(), 1);
+    EXPECT_EQ(detail->Statement().Filter[0].first, QStringLiteral("ID"));
+}
+
 TEST_F(TDataSetTest, ThatGoesIsClearedFromItsDataSources)
 {
     TForm form;
@@ -222,6 +244,21 @@ TEST_F(TDataSetTest, TellsTheLinksOfItsDataSourcesWhatHappens)
     EXPECT_TRUE(link.Heard.contains(deDataSetChange));
     EXPECT_EQ(link.Heard.last(), deDataSetScroll);
     EXPECT_EQ(changes, 2);
+}
+
+TEST_F(TDataSetTest, NamesItselfInWhatItsDatabaseSays)
+{
+    Access.Failure = QStringLiteral("no such table: BOOK");
+    for (const auto& ask :
+        { std::function<void()>([this] { Query->Open(); }), { [this] { Query->FieldDefs().Update(); } } })
+        try {
+            ask();
+            FAIL() << "nothing went wrong";
+        } catch (const EDatabaseError& error) {
+            EXPECT_EQ(error.Message(), QStringLiteral("qryBooks: no such table: BOOK"));
+        }
+    EXPECT_FALSE(Query->Active());
+    EXPECT_FALSE(Query->FieldDefs().Updated());
 }
 
 TEST_F(TDataSetTest, OfAClassWithoutRowsSaysSoWhenItIsOpened)
