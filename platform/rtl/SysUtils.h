@@ -58,6 +58,7 @@ MRV_EXCEPTION(EPropertyError, Exception);
 MRV_EXCEPTION(EInvalidOperation, Exception);
 MRV_EXCEPTION(EStreamError, Exception);
 MRV_EXCEPTION(EFOpenError, EStreamError);
+MRV_EXCEPTION(EFCreateError, EStreamError);
 MRV_EXCEPTION(EResNotFound, Exception);
 MRV_EXCEPTION(EDatabaseError, Exception);
 
