@@ -3,7 +3,7 @@
 #include "rtl/TypInfo.h"
 
 // The data types of fields. Names and numbers are part of the boundary: configurations store them.
-enum TFieldType {
+enum TFieldType : int {
     ftUnknown,
     ftString,
     ftSmallint,

@@ -2,8 +2,10 @@
 
 #include "config/TBindableControlInfo.h"
 #include "config/TMrvConfigurationService.h"
+#include "data/TFieldType.h"
 #include "support/MrvConst.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -26,20 +28,6 @@ constexpr std::array<ExtraGroup, 8> ExtraGroups { {
     { "ftXML", 108 },
     { "ftMSXML", 50 },
 } };
-
-const QStringList& FieldTypeNames()
-{
-    static const auto names
-        = QStringLiteral("ftUnknown ftString ftSmallint ftInteger ftWord ftBoolean ftFloat ftCurrency ftBCD ftDate "
-                         "ftTime ftDateTime ftBytes ftVarBytes ftAutoInc ftBlob ftMemo ftGraphic ftFmtMemo "
-                         "ftParadoxOle ftDBaseOle ftTypedBinary ftCursor ftFixedChar ftWideString ftLargeint ftADT "
-                         "ftArray ftReference ftDataSet ftOraBlob ftOraClob ftVariant ftInterface ftIDispatch ftGuid "
-                         "ftTimeStamp ftFMTBcd ftFixedWideChar ftWideMemo ftOraTimeStamp ftOraInterval ftLongWord "
-                         "ftShortint ftByte ftExtended ftConnection ftParams ftStream ftTimeStampOffset ftObject "
-                         "ftSingle")
-              .split(u' ');
-    return names;
-}
 
 }
 
@@ -70,7 +58,7 @@ void TMrvPersonality::AddGroup(const QVariantList& args)
 void TMrvPersonality::LoadFieldGroup()
 {
     Clear();
-    const auto& types = FieldTypeNames();
+    const auto& types = FieldTypeInfo().EnumNames;
     for (int type = 0; type < int(types.size()); ++type)
         AddGroup({ types.at(type), type });
     for (const auto& extra : ExtraGroups)
