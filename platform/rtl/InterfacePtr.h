@@ -51,6 +51,15 @@ public:
             old->Release();
     }
 
+    // Whether no other reference to the object is held.
+    bool IsLast() const
+    {
+        if (!FObject)
+            return false;
+        FObject->AddRef();
+        return FObject->Release() == 1;
+    }
+
     // Sets the pointer to nil and leaves the reference uncounted; for the few places where that is the agreed way.
     void ClearWithoutRelease() { FObject = nullptr; }
 

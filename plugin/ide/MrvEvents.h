@@ -51,8 +51,8 @@ public:
 
 private:
     using Call = std::function<void(TMrvToolWindowTarget&)>;
-    void IfOwner(const char* operation, const Call& call);
-    void IfEnabled(TDisableEvent event, const char* operation, const Call& call);
-    void Forward(const char* operation, const Call& call);
-    void Post(const char* operation, unsigned message);
+    void IfOwner(const char* failureText, const Call& call);
+    void IfEnabled(TDisableEvent event, const char* failureText, const Call& call);
+    void Forward(const char* failureText, const Call& call);
+    void Post(const char* failureText, unsigned message);
 };

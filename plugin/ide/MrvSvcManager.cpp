@@ -1,6 +1,7 @@
 #include "ide/MrvSvcManager.h"
 
 #include "model/MrvDataSetList.h"
+#include "rtl/Guard.h"
 #include "support/MrvConst.h"
 #include "support/MrvUtils.h"
 

@@ -105,6 +105,7 @@ inline constexpr TResourceString sControlNotInstalled(
 inline constexpr TResourceString sErrorEventFileName(QT_TRANSLATE_NOOP("Morvane", "Morvane_ErrorEvents.log"));
 
 // The texts of the about box and of the splash screen.
+inline constexpr TResourceString sProductLegal(QT_TRANSLATE_NOOP("Morvane", "Free software under the MIT License"));
 inline constexpr TResourceString sProductDesc(QT_TRANSLATE_NOOP("Morvane",
     "Shows the forms, connections, datasets and fields of the project as one tree, and creates data-bound controls "
     "where you drop them."));
