@@ -2,6 +2,7 @@
 
 #include "forms/FormBinaryPrinter.h"
 #include "forms/FormLexer.h"
+#include "forms/FormSayable.h"
 #include "forms/FormTree.h"
 #include "forms/FormWriter.h"
 
@@ -163,10 +164,13 @@ FormResult<QByteArray> FormConverter::toBinary(const FormDocument& form)
     return made.bytes;
 }
 
-QByteArray FormConverter::toText(const FormDocument& form, const FormTextStyle& style)
+FormResult<QByteArray> FormConverter::toText(const FormDocument& form, const FormTextStyle& style)
 {
     if (form.format() == FormFormat::Text)
         return form.bytes();
+    if (const auto name = FormSayable::firstUnsayable(form.root()))
+        return FormError { form.fileName(), 0, 0, 0,
+            u"the name \"%1\" cannot be written in text; rename it, or leave the form binary"_s.arg(*name) };
     TextForm made(style);
     made.add(form.root(), {});
     return made.bytes;
@@ -178,8 +182,7 @@ std::optional<FormError> FormConverter::convertFile(const QString& source, const
     if (!form)
         return form.error();
     const auto& document = *form.value();
-    if (document.format() == FormFormat::Binary)
-        return save(target, toText(document, styleFor(target, document.encoding())));
-    const auto bytes = toBinary(document);
+    const auto bytes = document.format() == FormFormat::Binary ? toText(document, styleFor(target, document.encoding()))
+                                                               : toBinary(document);
     return bytes ? save(target, bytes.value()) : bytes.error();
 }

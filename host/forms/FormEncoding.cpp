@@ -26,7 +26,7 @@ FormEncoding FormEncoding::codePage(const QByteArray& name)
 
 FormEncoding FormEncoding::detect(QByteArrayView bytes, const QByteArray& codePage)
 {
-    if (isAscii(bytes) || QUtf8StringView(bytes.data(), bytes.size()).isValidUtf8())
+    if (QUtf8StringView(bytes.data(), bytes.size()).isValidUtf8())
         return utf8();
     return FormEncoding::codePage(codePage);
 }

@@ -28,34 +28,32 @@ constexpr std::array<uchar, 256> makeClasses()
 
 constexpr auto classes = makeClasses();
 
-constexpr bool isHex(char c)
+constexpr std::array<bool, 256> makeHexDigits()
 {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+    std::array<bool, 256> table {};
+    for (const char c : "0123456789abcdefABCDEF")
+        table[size_t(c)] = c != 0;
+    return table;
 }
 
+constexpr auto hexDigits = makeHexDigits();
+
+inline bool isHex(char c)
+{
+    return hexDigits[static_cast<uchar>(c)];
+}
+
+}
+
+uchar FormLexer::classOf(qsizetype at) const
+{
+    return at < m_bytes.size() ? classes[static_cast<uchar>(m_bytes[at])] : uchar(Other);
 }
 
 FormLexer::FormLexer(QByteArrayView bytes, qsizetype start)
     : m_bytes(bytes)
     , m_at(start)
 {
-}
-
-bool FormLexer::isBlank(char c)
-{
-    return classes[static_cast<uchar>(c)] == Blank;
-}
-
-bool FormLexer::isName(QByteArrayView text)
-{
-    FormLexer lexer(text);
-    const auto token = lexer.next();
-    return token.kind == FormToken::Kind::Symbol && token.size() == text.size();
-}
-
-uchar FormLexer::classOf(qsizetype at) const
-{
-    return at < m_bytes.size() ? classes[static_cast<uchar>(m_bytes[at])] : uchar(Other);
 }
 
 FormToken FormLexer::next()
@@ -209,23 +207,24 @@ void FormLexer::binary(FormToken& token)
     token.kind = FormToken::Kind::Binary;
     const char* const first = m_bytes.data();
     const char* const last = first + m_bytes.size();
-    qsizetype count = 0;
     const char* p = first + m_at + 1;
-    while (p < last && *p != '}') {
-        if (isHex(*p))
-            ++count;
-        else if (!isBlank(*p) || count % 2 != 0)
+    bool whole = true; // every run of digits makes bytes
+    while (whole && p < last && *p != '}') {
+        const char* const run = p;
+        while (p < last && isHex(*p))
+            ++p;
+        whole = (p - run) % 2 == 0;
+        if (p == run && !isBlank(*p))
             break;
-        ++p;
+        while (whole && p < last && isBlank(*p))
+            ++p;
     }
     m_at = p - first;
     if (p >= last)
         return fail(token, "binary data without its closing brace; the file is cut off, take it from a backup");
-    if (*p != '}' || count % 2 != 0)
+    if (!whole || *p != '}') {
         token.begin = m_at;
-    if (*p != '}')
         return fail(token, "binary data holds something other than pairs of hexadecimal digits; mend the digits");
-    if (count % 2 != 0)
-        return fail(token, "binary data ends within a byte; a hexadecimal digit is missing");
+    }
     ++m_at;
 }

@@ -36,8 +36,7 @@ public:
     const char* message() const { return m_message; } // of the last token of Kind::Error, else nil
     bool sawRawNonAscii() const { return m_rawNonAscii; } // a string held bytes above 127 as they are
 
-    static bool isBlank(char c); // blanks, tabs and line ends
-    static bool isName(QByteArrayView text);
+    static bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); } // line ends, too
 
 private:
     void symbol(FormToken& token);

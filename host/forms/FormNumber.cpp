@@ -130,9 +130,11 @@ QByteArray FormNumber::print(long double number, bool padded, Precision precisio
 QByteArray FormNumber::printCurrency(long double number)
 {
     auto units = std::llround(number * 10000);
-    for (const auto near : { units - 1, units + 1 })
+    for (const auto step : { -1, 1 }) {
+        const auto near = static_cast<qint64>(static_cast<quint64>(units) + static_cast<quint64>(step)); // may wrap
         if (static_cast<long double>(near) / 10000 == number)
             units = near;
+    }
     const auto size = units < 0 ? 0 - static_cast<quint64>(units) : static_cast<quint64>(units);
     auto part = QByteArray::number(size % 10000).rightJustified(4, '0');
     while (part.size() > 1 && part.endsWith('0'))

@@ -128,15 +128,16 @@ std::optional<int> FormTextReader::index()
     return static_cast<int>(*number);
 }
 
+// Asked before every property: the length and the first letter tell nearly every name from a keyword.
 bool FormTextReader::endsBody(bool isObject) const
 {
     if (m_token.kind != FormToken::Kind::Symbol)
         return false;
     const auto word = m_lexer.text(m_token);
-    const auto length = word.size();
-    if (length == 3)
-        return word.compare("end", Qt::CaseInsensitive) == 0;
-    return isObject && (length == 6 || length == 9) && kindOf(word);
+    const char first = word.front() | 0x20;
+    if (word.size() == 3)
+        return first == 'e' && isWord("end");
+    return isObject && (first == 'o' || first == 'i') && (word.size() == 6 || word.size() == 9) && kindOf(word);
 }
 
 void FormTextReader::body(FormNode& node, bool isObject)

@@ -128,7 +128,7 @@ TEST(FormConverter, KeepsEveryValueFromTextToBinaryAndBackForEveryForm)
         const auto binary = FormConverter::toBinary(*form);
         ASSERT_TRUE(binary) << qPrintable(path);
         const auto back = readForm(binary.value());
-        const auto again = readForm(FormConverter::toText(*back, {}));
+        const auto again = readForm(FormConverter::toText(*back, {}).value());
         expectSame(form->root(), again->root(), path);
         ++seen;
     }
@@ -143,7 +143,7 @@ TEST(FormConverter, KeepsEveryValueFromBinaryToTextAndBackForEveryForm)
         if (isText(bytes))
             continue;
         const auto form = readForm(bytes);
-        const auto text = readForm(FormConverter::toText(*form, {}));
+        const auto text = readForm(FormConverter::toText(*form, {}).value());
         expectSame(form->root(), text->root(), path);
         ++seen;
     }
@@ -225,7 +225,7 @@ TEST(FormConverter, WritesNumbersSoThatTheyReadBackToTheLastBit)
     }
     const auto form = readForm(formWith(list + ')'));
     const auto binary = readForm(FormConverter::toBinary(*form).value());
-    const auto text = readForm(FormConverter::toText(*binary, {}));
+    const auto text = readForm(FormConverter::toText(*binary, {}).value());
     EXPECT_EQ(text->root().property(u"p")->value(), form->root().property(u"p")->value());
 }
 
@@ -247,7 +247,7 @@ TEST(FormConverter, RefusesANameForWhichABinaryFormHasNoRoom)
 TEST(FormConverter, WritesTextInTheUsualHand)
 {
     const auto form = readForm(readAll(QStringLiteral(MORVANE_SOURCE_DIR "/tests/data/forms/types.dfm")));
-    const auto text = FormConverter::toText(*form, {});
+    const auto text = FormConverter::toText(*form, {}).value();
     EXPECT_EQ(QByteArray(text).replace("\r\n", "\n").replace('\xE4', '?').toStdString(), R"(inherited Form1: TForm1
   Null = Null
   List = (
@@ -318,4 +318,23 @@ TEST(FormConverter, LeavesTheTargetWholeWhereTheSourceCannotBeRead)
     EXPECT_TRUE(error->toString().startsWith(missing + u":1:1: the file cannot be opened"_s))
         << qPrintable(error->toString());
     EXPECT_EQ(readAll(target.fileName()), "old");
+}
+
+TEST(FormConverter, RefusesNamesThatTextHasNoWayToWrite)
+{
+    const auto nameError = [](const QByteArray& properties) {
+        const auto made = FormConverter::toText(*readForm("TPF0\1T\1A" + properties + QByteArray(2, '\0')), {});
+        return made ? std::string() : made.error().message.toStdString();
+    };
+    const auto said = [](const std::string& name) {
+        return "the name \"" + name + "\" cannot be written in text; rename it, or leave the form binary";
+    };
+    EXPECT_EQ(nameError("\3a.b\2\1"), "");
+    EXPECT_EQ(nameError("\3a b\2\1"), said("a b"));
+    EXPECT_EQ(nameError("\3end\2\1"), said("end"));
+    EXPECT_EQ(nameError("\6Object\2\1"), said("Object"));
+    EXPECT_EQ(nameError("\1p\7\2x."), said("x."));
+    EXPECT_EQ(nameError(QByteArray("\1p\1\x0B\1a\1-\0\0", 10)), said("-"));
+    EXPECT_EQ(nameError(QByteArray("\1p\x0E\1\6object\2\1\0\0", 15)), "");
+    EXPECT_EQ(nameError(QByteArray("\1p\x0E\1\3END\2\1\0\0", 12)), said("END"));
 }

@@ -115,7 +115,8 @@ TEST(FormEdit, WritesRawCharactersWhereTheFileHasThem)
     form->setProperty(form->root(), u"Lines.Strings"_s, FormValue::strings({ u"a"_s }));
     form->setProperty(form->root(), u"Zoom"_s, FormValue::real(1.5));
     EXPECT_EQ(text(*form),
-        "object A: TA\n  Caption = 'Op\xC3\xA7\xC3\xA3o'\n  Hint = 'It''s \xC3\xA4'#10\n  Lines.Strings = (\n    'a'\n  )\n"
+        "object A: TA\n  Caption = 'Op\xC3\xA7\xC3\xA3o'\n  Hint = 'It''s \xC3\xA4'#10\n  Lines.Strings = (\n    'a'\n "
+        " )\n"
         "  Zoom = 1.5\nend\n");
 }
 

@@ -1,0 +1,82 @@
+#include "forms/FormLexer.h"
+
+#include <QByteArray>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const char* kindName(FormToken::Kind kind)
+{
+    static const char* const names[] = { "end", "symbol", "integer", "real", "string", "binary", "mark", "error" };
+    return names[static_cast<int>(kind)];
+}
+
+// The tokens as "kind text", one after the other; an error with what it says.
+std::string tokens(const QByteArray& bytes)
+{
+    FormLexer lexer(bytes);
+    std::string all;
+    for (;;) {
+        const auto token = lexer.next();
+        if (token.kind == FormToken::Kind::End)
+            return all;
+        all += (all.empty() ? "" : " | ") + std::string(kindName(token.kind)) + ' ';
+        if (token.kind == FormToken::Kind::Error)
+            return all + lexer.message();
+        all += lexer.text(token).toByteArray().toStdString();
+    }
+}
+
+}
+
+TEST(FormLexer, CutsALineIntoItsTokens)
+{
+    EXPECT_EQ(tokens("object Edit1: TEdit [2]"),
+        "symbol object | symbol Edit1 | mark : | symbol TEdit | mark [ | integer 2 | mark ]");
+    EXPECT_EQ(tokens("Font.Charset=DEFAULT_CHARSET"),
+        "symbol Font | mark . | symbol Charset | mark = | symbol DEFAULT_CHARSET");
+}
+
+TEST(FormLexer, TellsWholeNumbersFromRealOnes)
+{
+    EXPECT_EQ(tokens("1 -1 $1F 1. 1.5 1E3 1e-3 1.5E+003"),
+        "integer 1 | integer -1 | integer $1F | real 1. | real 1.5 | real 1E3 | real 1e-3 | real 1.5E+003");
+    EXPECT_EQ(tokens("1.5s 2c 3D 4x"), "real 1.5s | real 2c | real 3D | integer 4 | symbol x");
+}
+
+TEST(FormLexer, TakesARunOfQuotesAndNumbersAsOneString)
+{
+    EXPECT_EQ(tokens("'it''s'#13#10'x' 'y'"), "string 'it''s'#13#10'x' | string 'y'");
+    EXPECT_EQ(tokens("''''''"), "string ''''''");
+}
+
+TEST(FormLexer, TakesBinaryDataWithItsBraces)
+{
+    EXPECT_EQ(tokens("{ 0A fF\r\n10 }}"),
+        "binary { 0A fF\r\n10 } | error a character that has no meaning in a form file; remove it");
+    EXPECT_EQ(tokens("{}"), "binary {}");
+}
+
+TEST(FormLexer, CountsBytesAbove127AsLetters)
+{
+    EXPECT_EQ(tokens("K\xC3\xA4se = 1"), "symbol K\xC3\xA4se | mark = | integer 1");
+}
+
+TEST(FormLexer, SaysWhetherAStringHeldRawCharacters)
+{
+    FormLexer plain("N\xC3\xA4me 'x'#228");
+    while (plain.next().kind != FormToken::Kind::End) { }
+    EXPECT_FALSE(plain.sawRawNonAscii());
+    FormLexer raw("'\xC3\xA4'");
+    while (raw.next().kind != FormToken::Kind::End) { }
+    EXPECT_TRUE(raw.sawRawNonAscii());
+}
+
+TEST(FormLexer, StopsAtAStringThatIsNotClosedInItsLine)
+{
+    const auto said = "error a string without its closing quote; end it with ' on the same line";
+    EXPECT_EQ(tokens("'abc"), said);
+    EXPECT_EQ(tokens("'abc\n'"), said);
+    EXPECT_EQ(tokens("'abc\r'"), said);
+}
