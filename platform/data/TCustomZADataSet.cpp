@@ -2,12 +2,13 @@
 
 #include "data/DataRoles.h"
 #include "data/StatementParts.h"
+#include "data/StatementText.h"
 #include "data/TCustomZAConnection.h"
 #include "data/TDataSource.h"
 #include "data/TField.h"
 #include "rtl/TClassBuilder.h"
 
-#include <QRegularExpression>
+#include <QSet>
 
 TClass TCustomZADataSet::Class()
 {
@@ -68,11 +69,23 @@ QStringList FieldNames(const QString& list)
     return names;
 }
 
+// Parameters that the text has and the collection lacks.
+void CompleteParameters(TStatement& statement)
+{
+    QSet<QString> known;
+    for (const auto& parameter : std::as_const(statement.Parameters))
+        known << parameter.Name.toLower();
+    for (const auto& name : ParseStatement(statement.Text).Names)
+        if (!known.contains(name.toLower())) {
+            known << name.toLower();
+            statement.Parameters.append({ name, ftUnknown, {} });
+        }
+}
+
 bool IsParameterOf(const TStatement& statement, const QString& name)
 {
-    const QRegularExpression use(
-        QStringLiteral(":%1\\b").arg(QRegularExpression::escape(name)), QRegularExpression::CaseInsensitiveOption);
-    return statement.Kind == TStatement::Sql && use.match(statement.Text).hasMatch();
+    return std::any_of(statement.Parameters.begin(), statement.Parameters.end(),
+        [&name](const TStatementParameter& parameter) { return SameText(parameter.Name, name); });
 }
 
 // The detail fields with the master's values, but for those that the statement takes as parameters.
@@ -90,6 +103,8 @@ TStatement TCustomZADataSet::Statement() const
 {
     const auto& roles = GetDataSetRoles(ClassType());
     auto statement = StatementOf(*this, roles);
+    if (statement.Kind == TStatement::Sql)
+        CompleteParameters(statement);
     const auto* source = MasterSource();
     const auto* master = source ? source->DataSet() : nullptr;
     for (auto& parameter : statement.Parameters)
