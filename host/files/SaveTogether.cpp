@@ -110,7 +110,7 @@ using PendingFiles = std::vector<std::unique_ptr<PendingFile>>;
 Failure writeAll(const PendingFiles& pending)
 {
     for (const auto& file : pending) {
-        if (auto failure = file->Write())
+        if (const auto failure = file->Write())
             return failure;
     }
     return {};

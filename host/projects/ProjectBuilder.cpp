@@ -114,37 +114,37 @@ QString ProjectBuilder::Resolve(const QString& path, const Problem& place)
 
 void ProjectBuilder::AddModules(const QList<ModuleEntry>& entries)
 {
-    QHash<QString, int> named;
+    QHash<QString, int> here;
     for (const auto& entry : entries) {
         const auto path = Resolve(entry.Path, entry.Place);
         if (path.isEmpty())
             continue;
         const auto key = FoldedPath(path);
-        const bool itself = key == FoldedPath(Project.FileName) || key == FoldedPath(Project.MainSource);
-        const int times = ++named[key];
-        if (itself && times == 1)
-            Report(entry.Place, QStringLiteral("the project names itself as one of its modules"));
-        else if (!itself && times == 2)
-            Report(entry.Place, QStringLiteral("%1 is named twice and taken once").arg(entry.Path));
-        else if (!itself && times == 1)
-            AddModule(entry, path, key);
+        if (key == FoldedPath(Project.FileName) || key == FoldedPath(Project.MainSource)) {
+            if (!here.contains(key))
+                Report(entry.Place, QStringLiteral("the project names itself as one of its modules"));
+            here.insert(key, -1);
+            continue;
+        }
+        if (const auto count = here.value(key); count > 0) {
+            if (count == 1)
+                Report(entry.Place, QStringLiteral("%1 is named twice and taken once").arg(entry.Path));
+            here[key] = count + 1;
+            continue;
+        }
+        here.insert(key, 1);
+        auto known = FIndex.find(key);
+        if (known == FIndex.end()) {
+            known = FIndex.insert(key, int(FSlots.size()));
+            FSlots.append({ entry, {} });
+            FSlots.last().Module.FileName = path;
+            continue;
+        }
+        auto& slot = FSlots[*known].Entry;
+        slot.FormName = slot.FormName.isEmpty() ? entry.FormName : slot.FormName;
+        slot.DesignClass = slot.DesignClass.isEmpty() ? entry.DesignClass : slot.DesignClass;
+        slot.FormType = slot.FormType.isEmpty() ? entry.FormType : slot.FormType;
     }
-}
-
-// A new module, or what an earlier list leaves open about it.
-void ProjectBuilder::AddModule(const ModuleEntry& entry, const QString& path, const QString& key)
-{
-    const auto known = FIndex.constFind(key);
-    if (known == FIndex.cend()) {
-        FIndex.insert(key, int(FSlots.size()));
-        FSlots.append({ entry, {} });
-        FSlots.last().Module.FileName = path;
-        return;
-    }
-    auto& slot = FSlots[*known].Entry;
-    slot.FormName = slot.FormName.isEmpty() ? entry.FormName : slot.FormName;
-    slot.DesignClass = slot.DesignClass.isEmpty() ? entry.DesignClass : slot.DesignClass;
-    slot.FormType = slot.FormType.isEmpty() ? entry.FormType : slot.FormType;
 }
 
 // The form file beside the unit, of the kind the project tells or the framework would have first.

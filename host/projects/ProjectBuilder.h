@@ -53,7 +53,6 @@ private:
         ModuleDescription Module;
     };
 
-    void AddModule(const ModuleEntry& entry, const QString& path, const QString& key);
     QString Expand(const QString& text, QString* unknown) const;
     QString FormFileOf(const Slot& slot);
     void FinishModule(Slot& slot);

@@ -85,10 +85,8 @@ private:
     // Where the project's own file names no source, the one of the same name beside it is meant.
     void FindMainSource()
     {
-        const auto extension = extensionOf(FProject.FileName);
-        const QStringList kinds = extension == u"lpi" ? QStringList { QStringLiteral(".lpr") }
-            : extension == u"cbproj"                  ? QStringList { QStringLiteral(".cpp") }
-                                                      : QStringList { QStringLiteral(".dpr"), QStringLiteral(".dpk") };
+        const QStringList kinds { QStringLiteral(".dpr"), QStringLiteral(".dpk"), QStringLiteral(".lpr"),
+            QStringLiteral(".cpp") };
         for (const auto& kind : kinds) {
             const auto found = FBuilder.Files().Find(FBuilder.Folder() + u'/' + FProject.DisplayName + kind);
             if (!found.isEmpty() && FProject.MainSource.isEmpty())

@@ -3,85 +3,48 @@
 #include "files/FileFinder.h"
 #include "units/UsedUnits.h"
 
-#include <QFileInfo>
-
-#include <algorithm>
-#include <climits>
-
 // What is changed in the two files of a C++ unit.
 
-// The field's line behind the others of the published section, which is made where there is none.
-SourceEdit CppUnit::Part::AdditionTo(const CppClass& found, const FieldDeclaration& field) const
-{
-    const auto eol = File.LineEndAt(Token(found.NameToken).Offset);
-    const auto outer = File.IndentAt(Token(found.NameToken).Offset);
-    const int depth = Token(found.NameToken).Depth;
-    const auto line = field.Type + QStringLiteral(" *") + field.Name + u';';
-    if (found.Published < 0) {
-        const auto [place, ownLine] = Behind(found.Open, depth);
-        auto section = outer + QStringLiteral("__published:") + eol + outer + u'\t' + line + eol;
-        if (!found.StartAccess.isEmpty())
-            section += outer + found.StartAccess + eol;
-        return { place, 0, ownLine ? section : eol + section };
-    }
-    auto indent = outer + u'\t';
-    for (const auto& one : found.Fields) {
-        if (StartsLine(one.First)) {
-            indent = File.IndentAt(Token(one.First).Offset);
-            break;
-        }
-    }
-    const auto [place, ownLine] = Behind(found.Fields.isEmpty() ? found.Published : found.Fields.last().Last, depth);
-    return { place, 0, ownLine ? indent + line + eol : u' ' + line };
-}
-
-// The whole lines of a declaration, with the comment at its end, where it stands alone on them.
-SourceEdit CppUnit::Part::RemovalOf(const CppField& field) const
-{
-    const auto start = Token(field.First).Offset;
-    const auto [place, ownLine] = Behind(field.Last, Token(field.Last).Depth);
-    if (StartsLine(field.First) && ownLine) {
-        const auto line = File.LineStart(start);
-        return { line, place - line, {} };
-    }
-    auto end = Token(field.Last).End();
-    while (end < File.Text().size() && (File.Text()[end] == u' ' || File.Text()[end] == u'\t'))
-        ++end;
-    return { start, end - start, {} };
-}
-
-// One name with its star out of a declaration of several, and the comma that joins it to the others.
-SourceEdit CppUnit::Part::RemovalOfName(const CppField& field) const
-{
-    int first = field.Name;
-    while (Syntax.Is(Syntax.Previous(first), "*"))
-        first = Syntax.Previous(first);
-    const int before = Syntax.Previous(first);
-    if (Syntax.Is(before, ","))
-        return { Token(before).Offset, Token(field.Name).End() - Token(before).Offset, {} };
-    const int next = Syntax.Next(Syntax.Next(field.Name));
-    return { Token(first).Offset, Token(next).Offset - Token(first).Offset, {} };
-}
-
-Failure CppUnit::AddField(const QString& className, const FieldDeclaration& wanted)
+Failure CppUnit::AddField(const QString& className, const FieldDeclaration& field)
 {
     Failure failure;
     const auto found = RequireClass(className, failure);
     if (!found)
         return failure;
     auto& part = *ClassPart();
-    if (!IsIdentifier(wanted.Name) || !IsTypeName(wanted.Type))
-        return part.File.ProblemAt(part.Token(found->NameToken).Offset,
-            QStringLiteral("\"%1: %2\" is no declaration of a component").arg(wanted.Name, wanted.Type));
-    auto field = wanted;
-    field.Type.replace(u'.', QStringLiteral("::"));
+    const auto classPlace = part.Token(found->NameToken).Offset;
+    if (!IsIdentifier(field.Name) || !IsTypeName(field.Type))
+        return part.File.ProblemAt(
+            classPlace, QStringLiteral("\"%1: %2\" is no declaration of a component").arg(field.Name, field.Type));
+    auto type = field.Type;
+    type.replace(u'.', QStringLiteral("::"));
     if (const auto* known = found->FieldNamed(field.Name)) {
-        if (known->Declaration.Type.section(u':', -1) == field.Type.section(u':', -1))
+        if (known->Declaration.Type.section(u':', -1) == type.section(u':', -1))
             return {};
         return part.File.ProblemAt(part.Token(known->Name).Offset,
             QStringLiteral("%1 is declared as %2 already").arg(field.Name, known->Declaration.Type));
     }
-    return part.Change({ part.AdditionTo(*found, field) });
+    const auto eol = part.File.LineEndAt(classPlace);
+    const auto outer = part.File.IndentAt(classPlace);
+    const auto line = type + QStringLiteral(" *") + field.Name + u';';
+    const int depth = part.Token(found->NameToken).Depth;
+    if (found->Published < 0) {
+        const auto [place, ownLine] = part.Behind(found->Open, depth);
+        auto section = outer + QStringLiteral("__published:") + eol + outer + u'\t' + line + eol;
+        if (!found->StartAccess.isEmpty())
+            section += outer + found->StartAccess + eol;
+        return part.Change({ { place, 0, ownLine ? section : eol + section } });
+    }
+    auto indent = outer + u'\t';
+    for (const auto& one : found->Fields) {
+        if (part.StartsLine(one.First)) {
+            indent = part.File.IndentAt(part.Token(one.First).Offset);
+            break;
+        }
+    }
+    const auto [place, ownLine]
+        = part.Behind(found->Fields.isEmpty() ? found->Published : found->Fields.last().Last, depth);
+    return part.Change({ { place, 0, ownLine ? indent + line + eol : u' ' + line } });
 }
 
 Failure CppUnit::RemoveField(const QString& className, const QString& fieldName)
@@ -95,7 +58,29 @@ Failure CppUnit::RemoveField(const QString& className, const QString& fieldName)
     if (!field)
         return part.File.ProblemAt(part.Token(found->NameToken).Offset,
             QStringLiteral("the class %1 has no field %2").arg(className, fieldName));
-    return part.Change({ field->Sharing > 1 ? part.RemovalOfName(*field) : part.RemovalOf(*field) });
+    const auto start = part.Token(field->First).Offset;
+    if (field->Sharing > 1) {
+        // The name with its star, and the comma that joins it to the others.
+        int first = field->Name;
+        while (part.Syntax.Is(part.Syntax.Previous(first), "*"))
+            first = part.Syntax.Previous(first);
+        const int before = part.Syntax.Previous(first);
+        const int after = part.Syntax.Next(field->Name);
+        if (part.Syntax.Is(before, ","))
+            return part.Change(
+                { { part.Token(before).Offset, part.Token(field->Name).End() - part.Token(before).Offset, {} } });
+        const int next = part.Syntax.Next(after);
+        return part.Change({ { part.Token(first).Offset, part.Token(next).Offset - part.Token(first).Offset, {} } });
+    }
+    const auto [place, ownLine] = part.Behind(field->Last, part.Token(field->Last).Depth);
+    if (part.StartsLine(field->First) && ownLine) {
+        const auto line = part.File.LineStart(start);
+        return part.Change({ { line, place - line, {} } });
+    }
+    auto end = part.Token(field->Last).End();
+    while (end < part.File.Text().size() && (part.File.Text()[end] == u' ' || part.File.Text()[end] == u'\t'))
+        ++end;
+    return part.Change({ { start, end - start, {} } });
 }
 
 Failure CppUnit::RenameField(const QString& className, const QString& oldName, const QString& newName)
@@ -141,40 +126,8 @@ Failure CppUnit::UseInImplementation(const UnitReference& unit)
     return Include(FSource ? *FSource : *FHeader, unit);
 }
 
-// Whether the part includes the unit, under either name and from any folder.
-bool CppUnit::Part::Includes(const UnitReference& unit) const
-{
-    const auto& includes = Syntax.Includes();
-    return std::any_of(includes.cbegin(), includes.cend(), [&unit](const CppInclude& include) {
-        const auto path = QString(include.Path).replace(u'\\', u'/');
-        return NamesUnit(QFileInfo(path).completeBaseName(), unit);
-    });
-}
-
-// The token behind which an include is added: the last include of the same kind that stands no deeper in conditionals
-// than the others, the last of any kind where there is none, else the file's guard; -1 for the start of the file.
-int CppUnit::Part::IncludePlace(bool quoted) const
-{
-    int depth = INT_MAX;
-    for (const auto& include : Syntax.Includes())
-        depth = qMin(depth, Token(include.Token).Depth);
-    int sameKind = -1;
-    int anyKind = -1;
-    for (const auto& include : Syntax.Includes()) {
-        if (Token(include.Token).Depth > depth)
-            continue;
-        anyKind = include.Token;
-        sameKind = include.Quoted == quoted ? include.Token : sameKind;
-    }
-    if (anyKind >= 0)
-        return sameKind >= 0 ? sameKind : anyKind;
-    for (int i = 0; i < Syntax.Tokens().size(); ++i) {
-        if (Syntax.TextOf(i).startsWith(QLatin1String("#define")))
-            return i;
-    }
-    return -1;
-}
-
+// Behind the last include of the same kind that stands no deeper in conditionals than the others: behind the last of
+// any kind where there is none, and behind the guard or at the start of a file that includes nothing.
 Failure CppUnit::Include(Part& part, const UnitReference& unit)
 {
     Failure failure;
@@ -182,10 +135,29 @@ Failure CppUnit::Include(Part& part, const UnitReference& unit)
         return failure;
     if (!IsTypeName(unit.Scoped) || !IsTypeName(unit.Plain))
         return part.File.ProblemAt(0, QStringLiteral("\"%1\" is no name of a unit").arg(unit.Scoped));
-    if (part.Includes(unit))
-        return {};
     const auto line = IncludeLine(unit);
-    const int behind = part.IncludePlace(line.contains(u'"'));
+    const auto& includes = part.Syntax.Includes();
+    int depth = -1;
+    for (const auto& include : includes) {
+        if (NamesUnit(include.Path.section(u'.', 0, -2).replace(u'\\', u'/').section(u'/', -1), unit))
+            return {};
+        const int here = part.Token(include.Token).Depth;
+        depth = depth < 0 ? here : qMin(depth, here);
+    }
+    int behind = -1;
+    for (const bool sameKind : { true, false }) {
+        for (const auto& include : includes) {
+            const bool fits = !sameKind || include.Quoted == line.contains(u'"');
+            if (fits && part.Token(include.Token).Depth == depth && (behind < 0 || sameKind || behind < include.Token))
+                behind = include.Token;
+        }
+        if (behind >= 0)
+            break;
+    }
+    for (int i = 0; behind < 0 && i < part.Syntax.Tokens().size(); ++i) {
+        if (part.Syntax.TextOf(i).startsWith(QLatin1String("#define")))
+            behind = i;
+    }
     const auto eol = part.File.LineEndAt(behind < 0 ? 0 : part.Token(behind).Offset);
     if (behind < 0)
         return part.Change({ { 0, 0, line + eol } });

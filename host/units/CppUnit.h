@@ -46,11 +46,6 @@ private:
         bool StartsLine(int token) const;
         const SourceToken& Token(int index) const { return Syntax.Tokens()[index]; }
         std::pair<qsizetype, bool> Behind(int token, int depth) const;
-        SourceEdit AdditionTo(const CppClass& found, const FieldDeclaration& field) const;
-        SourceEdit RemovalOf(const CppField& field) const;
-        SourceEdit RemovalOfName(const CppField& field) const;
-        bool Includes(const UnitReference& unit) const;
-        int IncludePlace(bool quoted) const;
     };
 
     const Part* ClassPart() const { return FHeader ? &*FHeader : FSource ? &*FSource : nullptr; }

@@ -72,41 +72,37 @@ QString PascalSyntax::TextOf(int first, int last) const
     return FText.sliced(FTokens[first].Offset, FTokens[last].End() - FTokens[first].Offset);
 }
 
-// "unit Main;" or its kin; gives the semicolon, or -1 where the text begins with something else.
-int PascalSyntax::ReadTitle()
-{
-    int at = Next(-1);
-    if (!isOneOf(Word(at), { "unit", "program", "library", "package" }))
-        return -1;
-    FKind = Word(at).toLower();
-    for (at = Next(at); at >= 0 && !Is(at, ";"); at = Next(at)) {
-        if (Is(at, "("))
-            at = SkipPair(at);
-        else if (Is(at, "."))
-            FUnitName += u'.';
-        else if (!isOneOf(Word(at), { "platform", "deprecated", "experimental", "library" }))
-            FUnitName += Word(at);
-        if (at < 0)
-            break;
-    }
-    return at;
-}
-
 void PascalSyntax::ReadHead()
 {
-    int at = ReadTitle();
-    const bool program = at >= 0 && FKind != u"unit";
-    FInterface = program ? at : -1;
-    // Behind the place of the second clause, or the first of a program, nothing else is of interest.
+    int at = Next(-1);
+    if (isOneOf(Word(at), { "unit", "program", "library", "package" })) {
+        FKind = Word(at).toLower();
+        for (at = Next(at); at >= 0 && !Is(at, ";"); at = Next(at)) {
+            if (Is(at, "("))
+                at = SkipPair(at);
+            else if (FTokens[at].Type == SourceToken::Word
+                && !isOneOf(Word(at), { "platform", "deprecated", "experimental", "library" }))
+                FUnitName += Word(at);
+            else if (Is(at, "."))
+                FUnitName += u'.';
+            if (at < 0)
+                break;
+        }
+        FInterface = FKind == u"unit" ? -1 : at;
+    } else {
+        at = -1;
+    }
     for (at = Next(at); at >= 0; at = Next(at)) {
+        const bool unit = FInterface < 0 || FKind == u"unit";
         if (FInterface < 0 && Is(at, "interface"))
             FInterface = at;
-        else if (FImplementation < 0 && FInterface >= 0 && !program && Is(at, "implementation"))
+        else if (FImplementation < 0 && FInterface >= 0 && unit && Is(at, "implementation"))
             FImplementation = at;
         else if (Is(at, "uses") || (FKind == u"package" && Is(at, "contains")))
             (FImplementation < 0 ? FInterfaceUses : FImplementationUses) = ReadUses(at);
-        else if (program && isOneOf(Word(at), { "begin", "asm" }))
+        else if (isOneOf(Word(at), { "begin", "asm" }) && !unit)
             break;
+        // Behind the second clause's place nothing else is of interest.
         if (FImplementation >= 0 && at != FImplementation)
             break;
     }
@@ -169,11 +165,9 @@ int PascalSyntax::SkipPair(int index) const
     return -1;
 }
 
-// Whether the word begins a type here that is followed by members and an `end`.
+// Whether the word that begins a type here is followed by members and an `end`.
 bool PascalSyntax::IsClassBody(int index) const
 {
-    if (!isOneOf(Word(index), { "class", "object", "interface", "dispinterface" }))
-        return false;
     int before = Previous(index);
     if (Is(before, "packed"))
         before = Previous(before);
@@ -198,7 +192,9 @@ int PascalSyntax::SkipDeclaration(int index) const
             index = SkipPair(index);
             if (index < 0)
                 return -1;
-        } else if (Is(index, "record") || IsClassBody(index)) {
+        } else if (Is(index, "record")) {
+            ++depth;
+        } else if (isOneOf(Word(index), { "class", "object", "interface", "dispinterface" }) && IsClassBody(index)) {
             ++depth;
         } else if (Is(index, "end")) {
             if (--depth < 0)

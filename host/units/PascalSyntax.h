@@ -84,7 +84,6 @@ public:
 private:
     friend class PascalClassReader;
 
-    int ReadTitle();
     void ReadHead();
     PascalUses ReadUses(int keyword) const;
     bool ReadUsesEntry(int& index, PascalUses& uses) const;

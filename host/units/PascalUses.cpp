@@ -98,7 +98,7 @@ QString PascalUnit::Separator(const PascalUses& uses, int last, const QString& n
         const auto gap = start - Token(comma).End();
         return eol + FFile.IndentAt(start) + FFile.Text().sliced(Token(comma).Offset, gap + 1);
     }
-    auto continued = QStringLiteral(",") + eol
+    const auto continued = QStringLiteral(",") + eol
         + (FFile.LineStart(start) == FFile.LineStart(Token(uses.Keyword).Offset)
                 ? FFile.IndentAt(start) + QStringLiteral("  ")
                 : FFile.IndentAt(start));

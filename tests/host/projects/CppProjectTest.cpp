@@ -51,7 +51,6 @@ TEST_F(CppProject, GivesItsModulesInBuildOrder)
 
 TEST_F(CppProject, TakesFormsFromItsSourceWhereItsOwnFileNamesNone)
 {
-    Folder.Write(u"Shop.dpr"_qs, "program Shop; uses Legacy in 'Legacy.pas'; begin end.");
     const auto file = Folder.Write(u"Shop.cbproj"_qs,
         "<Project><ItemGroup><CppCompile Include=\"Shop.cpp\"/><CppCompile "
         "Include=\"Tools.cpp\"/></ItemGroup></Project>");

@@ -10,7 +10,7 @@
 TEST(HostileProject, NestedDeeplyGivesOneMessage)
 {
     ProjectFolder folder;
-    const int depth = 50000;
+    const int depth = 200000;
     const auto project = ReadProject(folder.Write(u"Deep.dproj"_qs,
         "<Project>" + QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth) + "</Project>"));
     EXPECT_EQ(TextOf(project),
@@ -21,15 +21,16 @@ TEST(HostileProject, WithManyModulesIsReadInOrder)
 {
     ProjectFolder folder;
     QByteArray text("<Project><ItemGroup>\n");
-    const int count = 5000;
+    const int count = 20000;
     for (int i = 0; i < count; ++i)
         text += "<DCCReference Include=\"src\\Unit" + QByteArray::number(i) + ".pas\"><Form>Form"
             + QByteArray::number(i) + "</Form></DCCReference>\n";
     const auto project = ReadProject(folder.Write(u"Huge.dproj"_qs, text + "</ItemGroup></Project>"));
     ASSERT_EQ(project.Modules.size(), count);
-    EXPECT_EQ(project.Modules.last().FormName, u"Form4999"_qs);
+    EXPECT_EQ(project.Modules.last().FormName, u"Form19999"_qs);
     ASSERT_EQ(project.Problems.size(), count);
-    EXPECT_EQ(project.Problems.last().ToString(), folder.Path(u"Huge.dproj:5001:1: src\\Unit4999.pas is not there"_qs));
+    EXPECT_EQ(
+        project.Problems.last().ToString(), folder.Path(u"Huge.dproj:20001:1: src\\Unit19999.pas is not there"_qs));
 }
 
 TEST(HostileProject, OfAHugeSizeIsRefused)

@@ -101,7 +101,7 @@ TEST_F(ProjectGroup, ThatCannotBeReadSaysWhy)
 
 TEST_F(ProjectGroup, IsFollowedToALimitedDepth)
 {
-    for (int i = 0; i < 40; ++i)
+    for (int i = 0; i < 200; ++i)
         Folder.Write(u"G%1.groupproj"_qs.arg(i), group({ "G" + QByteArray::number(i + 1) + ".groupproj" }));
     const auto problems = ReadProjectGroup(Folder.Path(u"G0.groupproj"_qs)).AllProblems();
     ASSERT_EQ(problems.size(), 1);

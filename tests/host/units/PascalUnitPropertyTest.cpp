@@ -107,7 +107,7 @@ QByteArray encoded(const QString& text, unsigned how)
     return bytes;
 }
 
-constexpr unsigned seeds = 600;
+constexpr unsigned seeds = 1500;
 
 }
 

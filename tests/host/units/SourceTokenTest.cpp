@@ -150,7 +150,7 @@ TEST(SourceTokens, PutTogetherAreTheText)
         u"{$mode objfpc}"_qs, u"#if X"_qs, u"#endif"_qs, u"/*"_qs, u"*/"_qs, u"a"_qs, u"&"_qs, u"class"_qs, u"12"_qs,
         u"."_qs, u".."_qs, u":="_qs, u"::"_qs, u"$"_qs, u"#"_qs, u"ß"_qs, u"\U0001F600"_qs, QString(QChar(0xD800)),
         QString(QChar(0)), QString(QChar(0x1A)), u";"_qs };
-    for (unsigned seed = 0; seed < 1500; ++seed) {
+    for (unsigned seed = 0; seed < 3000; ++seed) {
         SCOPED_TRACE(seed);
         std::mt19937 random(seed);
         QString text;
