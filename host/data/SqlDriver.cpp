@@ -106,10 +106,11 @@ QSqlQuery SqlDriver::Execute(const QSqlDatabase& database, const SqlText& statem
 {
     QSqlQuery query(database);
     query.setForwardOnly(true);
-    const bool prepared = statement.Values.isEmpty() || query.prepare(statement.Text);
+    if (!query.prepare(statement.Text))
+        throw EDatabaseError(ErrorText(query.lastError()));
     for (const auto& value : statement.Values)
         query.addBindValue(value);
-    if (!prepared || !(statement.Values.isEmpty() ? query.exec(statement.Text) : query.exec()))
+    if (!query.exec())
         throw EDatabaseError(ErrorText(query.lastError()));
     return query;
 }

@@ -77,6 +77,11 @@ TDragTargetClass FindDragTarget(const QString& dragObjectClassName)
     return TheRegistrations().DragTargets.value(dragObjectClassName);
 }
 
+QStringList DragTargetNames()
+{
+    return TheRegistrations().DragTargets.keys();
+}
+
 InterfacePtr<IDesignerSelections> CreateSelectionList()
 {
     return New<TSelectionList>();

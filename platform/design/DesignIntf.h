@@ -49,6 +49,8 @@ void RegisterDragTarget(const QString& dragObjectClassName, TDragTargetClass tar
 TDragTargetClass FindDragTarget(const QString& dragObjectClassName);
 // Takes the registration back; for a host that unloads the package behind it.
 void UnregisterDragTarget(const QString& dragObjectClassName);
+// The names that have a registration.
+QStringList DragTargetNames();
 
 // A new empty list.
 InterfacePtr<IDesignerSelections> CreateSelectionList();

@@ -8,7 +8,6 @@
 #include "rtl/SysUtils.h"
 
 #include <QDir>
-#include <QFile>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>

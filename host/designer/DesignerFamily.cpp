@@ -1,0 +1,206 @@
+#include "designer/Designer.h"
+#include "designer/FormProperties.h"
+#include "rtl/SysUtils.h"
+
+// Forms that inherit from this one follow its changes, as long as they are open: what they say themselves stays.
+
+namespace {
+
+TPersistent* SubObjectOf(const TPersistent& owner, const QString& name)
+{
+    const auto* info = GetPropInfo(&owner, name);
+    return info && info->IsSubObject ? info->Get(&owner).value<TPersistent*>() : nullptr;
+}
+
+QString NameOf(const TPersistent& owner, const TPersistent& object)
+{
+    for (const auto* property : GetPropList(owner.ClassType(), { tkClass }, false))
+        if (property->IsSubObject && property->Get(&owner).value<TPersistent*>() == &object)
+            return property->Name;
+    return {};
+}
+
+// The object of the other component that corresponds to this part of a component.
+TPersistent* Counterpart(const TPersistent& part, TComponent& other)
+{
+    if (dynamic_cast<const TComponent*>(&part))
+        return &other;
+    const auto* owner = part.GetOwner();
+    auto* otherOwner = owner ? Counterpart(*owner, other) : nullptr;
+    if (!otherOwner)
+        return nullptr;
+    if (const auto* item = dynamic_cast<const TCollectionItem*>(&part)) {
+        auto* collection = dynamic_cast<TCollection*>(otherOwner);
+        const auto index = item->Index();
+        return collection && index >= 0 && index < collection->Count() ? collection->Item(index) : nullptr;
+    }
+    return SubObjectOf(*otherOwner, NameOf(*owner, part));
+}
+
+const TComponent* ComponentOf(const TPersistent& part)
+{
+    const auto* walk = &part;
+    while (walk && !dynamic_cast<const TComponent*>(walk))
+        walk = walk->GetOwner();
+    return dynamic_cast<const TComponent*>(walk);
+}
+
+}
+
+TPersistent* Designer::Inherited(const TPersistent& part) const
+{
+    const auto* component = ComponentOf(part);
+    const bool isRoot = component && component == Root();
+    if (!component || (!isRoot && (!component->HasState(csAncestor) || component->Owner() != Root())))
+        return nullptr;
+    auto* ancestor = FSite.AncestorDesigner();
+    auto* original = !ancestor ? nullptr : isRoot ? ancestor->Root() : ancestor->GetComponent(component->Name());
+    return original ? Counterpart(part, *original) : nullptr;
+}
+
+void Designer::InsertInDescendants(TComponent& component)
+{
+    const WeakRef<TComponent> kept(&component);
+    for (auto* descendant : FSite.DescendantDesigners())
+        if (kept && descendant->Root() && component.Owner() == Root())
+            descendant->InsertInherited(component);
+}
+
+void Designer::InsertInherited(TComponent& original)
+{
+    if (Root()->FindComponent(original.Name()))
+        return;
+    const WeakRef<TComponent> origin(&original);
+    TComponent* made = nullptr;
+    {
+        const Quiet quiet(*this);
+        made = dynamic_cast<TComponent*>(original.ClassType().Create(Root()));
+        made->SetComponentState(csDesigning | csAncestor);
+        auto* parent = original.GetParentComponent();
+        auto* ownParent = !parent ? nullptr : parent->Owner() ? Root()->FindComponent(parent->Name()) : Root();
+        if (ownParent)
+            made->SetParentComponent(ownParent);
+        made->SetDesignPosition(original.DesignLeft(), original.DesignTop());
+        made->SetName(original.Name());
+        for (const auto* property : GetPropList(original.ClassType(), {}, false))
+            TakeOver(original, original.Name(), property->Name);
+    }
+    FForm->Know(*made);
+    const WeakRef<TComponent> kept(made);
+    TellInserted(*made);
+    if (kept)
+        InsertInDescendants(*made);
+    TellModified();
+}
+
+void Designer::DeleteInDescendants(const QString& name)
+{
+    for (auto* descendant : FSite.DescendantDesigners()) {
+        auto* inherited = descendant->Root() ? descendant->Root()->FindComponent(name) : nullptr;
+        if (inherited && inherited->HasState(csAncestor))
+            descendant->DeleteOne(*inherited);
+    }
+}
+
+void Designer::RenameInDescendants(const QString& oldName, const QString& newName)
+{
+    for (auto* descendant : FSite.DescendantDesigners()) {
+        auto* inherited = descendant->Root() ? descendant->Root()->FindComponent(oldName) : nullptr;
+        if (!inherited || !inherited->HasState(csAncestor))
+            continue;
+        {
+            const Quiet quiet(*descendant);
+            inherited->SetName(newName);
+        }
+        if (!FSite.Undo().IsRestoring()) {
+            descendant->FForm->RenameNode(*inherited);
+            descendant->FForm->RenameReferences(oldName, newName);
+        }
+        descendant->RenameInOtherForms(oldName, newName);
+        const WeakRef<TComponent> kept(inherited);
+        descendant->FSite.NotifyRenamed(inherited, oldName, newName);
+        descendant->TellModified();
+        if (kept)
+            descendant->RenameInDescendants(oldName, newName);
+    }
+}
+
+void Designer::RenameInOtherForms(const QString& oldName, const QString& newName)
+{
+    const bool isRoot = Root()->Name() == newName && !Root()->FindComponent(newName);
+    const auto oldTarget = isRoot ? oldName : RootName() + u'.' + oldName;
+    const auto newTarget = isRoot ? newName : RootName() + u'.' + newName;
+    for (auto* other : FSite.OpenDesigners()) {
+        if (other == this || !other->Form() || other->FForm->Links().Rename(oldTarget, newTarget).isEmpty())
+            continue;
+        if (!FSite.Undo().IsRestoring())
+            other->FForm->RenameReferences(oldTarget, newTarget);
+    }
+}
+
+void Designer::PassOn(TPersistent& instance, const QString& property)
+{
+    const auto* component = ComponentOf(instance);
+    if (!component || (component != Root() && component->Owner() != Root()))
+        return;
+    const auto name = component == Root() ? QString() : component->Name();
+    for (auto* descendant : FSite.DescendantDesigners())
+        if (descendant->Root())
+            descendant->TakeOver(instance, name, property);
+}
+
+namespace {
+
+// The path under which a form file names a property of a part.
+QString PathOf(const TPersistent& part, const QString& property)
+{
+    const auto* owner = part.GetOwner();
+    if (dynamic_cast<const TComponent*>(&part) || !owner)
+        return property;
+    const auto name = NameOf(*owner, part);
+    return name.isEmpty() ? QString() : PathOf(*owner, name + u'.' + property);
+}
+
+// What the property refers to in the form that inherits: its own component of that name.
+QVariant Translated(const QVariant& value, const TComponent& oldRoot, TComponent& newRoot)
+{
+    auto* target = dynamic_cast<TComponent*>(value.value<TPersistent*>());
+    if (!target)
+        return value;
+    if (target == &oldRoot)
+        return QVariant::fromValue<TPersistent*>(&newRoot);
+    if (target->Owner() != &oldRoot)
+        return value;
+    return QVariant::fromValue<TPersistent*>(newRoot.FindComponent(target->Name()));
+}
+
+}
+
+void Designer::TakeOver(TPersistent& original, const QString& componentName, const QString& property)
+{
+    auto* component = componentName.isEmpty() ? Root() : Root()->FindComponent(componentName);
+    const auto* source = ComponentOf(original);
+    auto* target = component ? Counterpart(original, *component) : nullptr;
+    const auto* info = GetPropInfo(&original, property);
+    if (!target || !source || (component == Root()) != (source->Owner() == nullptr))
+        return;
+    const auto* node = FForm->NodeOf(component);
+    const auto path = PathOf(original, property);
+    if (node && (node->property(path) || node->property(path + QLatin1String(".Strings"))))
+        return;
+    {
+        const Quiet quiet(*this);
+        try {
+            if (!info && source != &original)
+                return;
+            if (!info)
+                component->SetDesignPosition(source->DesignLeft(), source->DesignTop());
+            else if (info->Set || info->IsSubObject)
+                SetPropValue(target, property,
+                    Translated(info->Get(&original), source->Owner() ? *source->Owner() : *source, *Root()));
+        } catch (const Exception&) {
+            // What cannot be carried over stays as it is there.
+        }
+    }
+    PassOn(*target, property);
+}

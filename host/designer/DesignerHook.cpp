@@ -1,0 +1,91 @@
+#include "classes/Controls.h"
+#include "designer/DataKinds.h"
+#include "designer/Designer.h"
+#include "rtl/SysUtils.h"
+
+// What the live components report.
+
+namespace {
+
+TComponent* ComponentOf(TPersistent* part)
+{
+    auto* walk = part;
+    while (walk && !dynamic_cast<TComponent*>(walk))
+        walk = walk->GetOwner();
+    return dynamic_cast<TComponent*>(walk);
+}
+
+QList<TComponent*> Siblings(const TComponent& component)
+{
+    QList<TComponent*> found;
+    const auto* parent = component.GetParentComponent();
+    for (auto* other : component.Owner() ? component.Owner()->Components() : QList<TComponent*>())
+        if (other->GetParentComponent() == parent && DataKinds::IsField(*other))
+            found << other;
+    std::stable_sort(found.begin(), found.end(), [](const TComponent* a, const TComponent* b) {
+        return GetPropValue(a, QStringLiteral("Index")).toInt() < GetPropValue(b, QStringLiteral("Index")).toInt();
+    });
+    return found;
+}
+
+}
+
+void Designer::PropertyChanged(TPersistent* instance, const QString& property)
+{
+    auto* component = ComponentOf(instance);
+    if (FQuiet > 0 || FSite.Undo().IsRestoring() || !component || !Root() || component->HasState(csDestroying)
+        || FInMaking.contains(component))
+        return;
+    const bool isAdopted = component->HasState(csAncestor) || FForm->NodeOf(component) || component == Root();
+    if (!isAdopted)
+        return;
+    UndoStack::Gesture gesture(FSite.Undo(), QStringLiteral("Change ") + property);
+    if (DataKinds::IsField(*component) && SameText(property, u"Index"))
+        FForm->OrderNode(*component, Siblings(*component));
+    else
+        FForm->WriteProperty(*instance, property, Inherited(*instance));
+    PassOn(*instance, property);
+}
+
+void Designer::ValidateRename(TComponent* component, const QString& oldName, const QString& newName)
+{
+    if (FQuiet > 0 || oldName.isEmpty())
+        return;
+    if (component->HasState(csAncestor) && component != Root())
+        throw EComponentError(QStringLiteral("%1 comes from the ancestor form and is renamed there").arg(oldName));
+    const bool isRootName
+        = component == Root() ? Root()->FindComponent(newName) != nullptr : SameText(Root()->Name(), newName);
+    if (isRootName)
+        throw EComponentError(QStringLiteral("A component named %1 already exists").arg(newName));
+    for (auto* descendant : FSite.DescendantDesigners())
+        if (component != Root() && descendant->Root() && !SameText(oldName, newName)
+            && descendant->GetComponent(newName))
+            throw EComponentError(
+                QStringLiteral("A component named %1 already exists on %2").arg(newName, descendant->RootName()));
+}
+
+void Designer::Renamed(TComponent* component, const QString& oldName)
+{
+    if (FQuiet > 0 || FSite.Undo().IsRestoring() || FInMaking.contains(component) || component->HasState(csDestroying)
+        || !Root())
+        return;
+    if (oldName.isEmpty()) {
+        Adopt(*component);
+        return;
+    }
+    UndoStack::Gesture gesture(FSite.Undo(), QStringLiteral("Rename"));
+    FForm->RenameNode(*component);
+    FForm->RenameReferences(oldName, component->Name());
+    if (component->Owner() == Root())
+        if (auto* unit = FSite.Unit()) {
+            FSite.WillEdit();
+            Report(unit->RenameField(RootClassName(), oldName, component->Name()));
+        }
+    const WeakRef<TComponent> kept(component);
+    if (auto* control = dynamic_cast<TControl*>(component); control && control->Caption() == oldName)
+        control->SetCaption(component->Name());
+    RenameInOtherForms(oldName, component->Name());
+    TellRenamed(*component, oldName);
+    if (kept && component != Root())
+        RenameInDescendants(oldName, component->Name());
+}

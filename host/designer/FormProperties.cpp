@@ -1,0 +1,121 @@
+#include "designer/FormProperties.h"
+
+#include "classes/Controls.h"
+#include "designer/FormValues.h"
+#include "rtl/SysUtils.h"
+
+namespace FormProperties {
+
+namespace {
+
+void SetValue(TPersistent& instance, const QString& name, const TPropInfo* info, const QVariant& value)
+{
+    if (!value.isValid())
+        return;
+    try {
+        if (info)
+            SetPropValue(&instance, name, value);
+        else
+            instance.SetStoredValue(name, value);
+    } catch (const EConvertError&) {
+        // A name that only the compiler knows the number of; the file keeps it.
+    } catch (const EPropertyError&) {
+    }
+}
+
+// A component without a place of its own stands where the file says.
+bool ReadDesignPosition(TPersistent& instance, const QString& name, const FormValue& value)
+{
+    auto* component = dynamic_cast<TComponent*>(&instance);
+    if (!component || value.kind() != FormValue::Kind::Integer)
+        return false;
+    const auto number = int(value.toInteger());
+    if (SameText(name, u"Left"))
+        component->SetDesignPosition(number, component->DesignTop());
+    else if (SameText(name, u"Top"))
+        component->SetDesignPosition(component->DesignLeft(), number);
+    else
+        return false;
+    return true;
+}
+
+bool ReadSubObject(const Place& place, const FormProperty& property, TComponent& scope, FormLinks& links)
+{
+    if (!place.Info || !place.Info->IsSubObject)
+        return false;
+    auto* object = place.Info->Get(place.Instance).value<TPersistent*>();
+    if (auto* collection = dynamic_cast<TCollection*>(object); collection && property.isCollection())
+        ReadCollection(*collection, property, scope, links);
+    return true;
+}
+
+bool IsReference(const Place& place, const FormValue& value)
+{
+    return place.Info && place.Info->PropType.Kind == tkClass && value.kind() == FormValue::Kind::Identifier;
+}
+
+}
+
+Place Find(TPersistent& instance, const QString& path)
+{
+    const auto* whole = GetPropInfo(&instance, path);
+    const auto dot = whole ? -1 : path.indexOf(u'.');
+    if (dot < 0)
+        return { &instance, path, whole };
+    const auto* info = GetPropInfo(&instance, path.left(dot));
+    auto* object = info && info->IsSubObject ? info->Get(&instance).value<TPersistent*>() : nullptr;
+    return object ? Find(*object, path.mid(dot + 1)) : Place { &instance, path, nullptr };
+}
+
+void Read(TPersistent& instance, const FormProperty& property, TComponent& scope, FormLinks& links)
+{
+    const auto place = Find(instance, property.name());
+    if (ReadSubObject(place, property, scope, links) || property.isCollection())
+        return;
+    const auto value = property.value();
+    if (auto* strings = dynamic_cast<TStrings*>(place.Instance); strings && SameText(place.Name, u"Strings"))
+        strings->SetLines(value.toStringList());
+    else if (IsReference(place, value))
+        links.Add({ place.Instance, place.Name, value.toString(), &scope });
+    else if (place.Info && place.Info->PropType.Kind == tkClass)
+        SetValue(*place.Instance, place.Name, place.Info, QVariant::fromValue<TPersistent*>(nullptr));
+    else if (place.Info || !ReadDesignPosition(*place.Instance, place.Name, value))
+        SetValue(*place.Instance, place.Name, place.Info,
+            FormValues::ToVariant(value, place.Info ? &place.Info->PropType : nullptr));
+}
+
+void Reset(TPersistent& instance, const QString& path)
+{
+    const auto place = Find(instance, path);
+    if (auto* strings = dynamic_cast<TStrings*>(place.Instance); strings && SameText(place.Name, u"Strings")) {
+        strings->SetLines({});
+        return;
+    }
+    if (!place.Info) {
+        place.Instance->SetStoredValue(place.Name, {});
+        return;
+    }
+    if (place.Info->IsSubObject) {
+        if (auto* collection = dynamic_cast<TCollection*>(place.Info->Get(place.Instance).value<TPersistent*>()))
+            collection->Clear();
+        return;
+    }
+    auto value = place.Info->Default;
+    if (!value.isValid() && place.Info->PropType.Kind == tkClass)
+        value = QVariant::fromValue<TPersistent*>(nullptr);
+    else if (!value.isValid() && place.Info->PropType.Kind == tkString)
+        value = QString();
+    SetValue(*place.Instance, place.Name, place.Info, value);
+}
+
+void ReadCollection(TCollection& collection, const FormProperty& property, TComponent& scope, FormLinks& links)
+{
+    collection.Clear();
+    for (const auto* node : property.items()) {
+        auto* item = collection.Add();
+        for (const auto* inner : node->properties())
+            Read(*item, *inner, scope, links);
+    }
+}
+
+}

@@ -1,0 +1,286 @@
+#include "designer/LiveForm.h"
+
+#include "designer/FormProperties.h"
+#include "rtl/SysUtils.h"
+
+LiveForm::LiveForm(std::unique_ptr<FormDocument> document, QByteArray text, FormClassSource& source)
+    : FSource(source)
+    , FText(std::move(text))
+    , FDocument(std::move(document))
+{
+}
+
+LiveForm::~LiveForm()
+{
+    Discard();
+}
+
+namespace {
+
+// Every component is told that it is read; those made while others are told are told, too.
+void TellLoaded(const QList<TComponent*>& made)
+{
+    for (auto* component : made)
+        component->Loaded();
+}
+
+void Gather(TComponent& component, QList<TComponent*>& found)
+{
+    for (auto* inner : component.Components()) {
+        found << inner;
+        Gather(*inner, found);
+    }
+}
+
+}
+
+void LiveForm::Build(const FormLinks::FindRoot& otherRoot, Problems& problems)
+{
+    FormBuilder builder(FSource, FLinks, problems);
+    builder.SetText(
+        FDocument->format() == FormFormat::Text ? QByteArrayView(FText) : QByteArrayView(), FDocument->fileName());
+    builder.SetBind([this](FormNode& node, TComponent& component) { Bind(node, component); });
+    FRoot.reset(builder.Build(*FDocument));
+    FLinks.Resolve(*FRoot, otherRoot);
+    QList<TComponent*> made;
+    Gather(*FRoot, made);
+    for (const auto* component : std::as_const(made))
+        Know(*component);
+    Know(*FRoot);
+    TellLoaded(made);
+    FRoot->Loaded();
+}
+
+void LiveForm::Discard()
+{
+    if (FRoot)
+        FRoot->SetDesignerHook(nullptr);
+    FNodes.clear();
+    FComponents.clear();
+    FLinks = {};
+    FKnown.clear();
+    FRoot.reset();
+}
+
+bool LiveForm::Holds(const TComponent* component) const
+{
+    for (auto* walk = component; walk; walk = walk->Owner())
+        if (walk == FRoot.get())
+            return true;
+    return false;
+}
+
+void LiveForm::Bind(FormNode& node, TComponent& component)
+{
+    FKnown.insert(&component);
+    FNodes.insert(&component, &node);
+    FComponents.insert(&node, &component);
+}
+
+void LiveForm::Unbind(const TComponent& component)
+{
+    for (const auto* inner : component.Components())
+        Unbind(*inner);
+    FKnown.remove(&component);
+    if (auto* node = FNodes.take(&component))
+        FComponents.remove(node);
+}
+
+// What happens within a collection's item is a change of the collection.
+void LiveForm::Touch(FormNode& node, const QString& property)
+{
+    if (const auto* collection = node.collection(); collection && node.parent())
+        Touch(*node.parent(), collection->name());
+    else if (OnTouch)
+        OnTouch({ &node, property });
+}
+
+namespace {
+
+// What the file nests the component under: its parent, else the form or the frame that owns it.
+TComponent* FileParent(const TComponent& component)
+{
+    auto* parent = component.GetParentComponent();
+    return parent ? parent : component.Owner();
+}
+
+}
+
+FormNode& LiveForm::ParentNode(TComponent& component)
+{
+    auto* parent = FileParent(component);
+    return parent ? NeedNode(*parent) : FDocument->root();
+}
+
+FormNode& LiveForm::NeedNode(TComponent& component)
+{
+    if (auto* node = NodeOf(&component))
+        return *node;
+    auto& parent = ParentNode(component);
+    auto& made = FDocument->addChild(parent, FormNode::Kind::Inherited, component.ClassName(), component.Name());
+    Bind(made, component);
+    Touch(made, {});
+    return made;
+}
+
+void LiveForm::AddNode(TComponent& component)
+{
+    OnEdit();
+    auto& parent = ParentNode(component);
+    const auto kind = component.HasState(csInline) ? FormNode::Kind::Inline : FormNode::Kind::Object;
+    auto& node = FDocument->addChild(parent, kind, component.ClassName(), component.Name());
+    Bind(node, component);
+    Touch(node, {});
+    for (const auto* property : GetPropList(component.ClassType(), {}, false))
+        WriteProperty(component, property->Name, nullptr);
+    if (!GetPropInfo(&component, QStringLiteral("Left"))) {
+        WriteProperty(component, QStringLiteral("Left"), nullptr);
+        WriteProperty(component, QStringLiteral("Top"), nullptr);
+    }
+}
+
+void LiveForm::RemoveNode(TComponent& component)
+{
+    auto* node = NodeOf(&component);
+    Unbind(component);
+    if (!node || !IsInFile(*node))
+        return;
+    OnEdit();
+    Touch(*node, {});
+    FDocument->remove(*node);
+}
+
+void LiveForm::RenameNode(TComponent& component)
+{
+    auto* node = NodeOf(&component);
+    if (!node || node->name() == component.Name())
+        return;
+    OnEdit();
+    Touch(*node, {});
+    FDocument->rename(*node, component.Name());
+}
+
+void LiveForm::MoveNode(TComponent& component, TComponent& parent)
+{
+    OnEdit();
+    auto& node = NeedNode(component);
+    Touch(node, {});
+    FDocument->move(node, NeedNode(parent));
+}
+
+void LiveForm::OrderNode(TComponent& component, const QList<TComponent*>& siblings)
+{
+    OnEdit();
+    auto& node = NeedNode(component);
+    const auto at = siblings.indexOf(&component);
+    // The neighbour in the list tells the place among all that the parent holds.
+    auto* before = at > 0 ? NodeOf(siblings[at - 1]) : nullptr;
+    auto* behind = at + 1 < siblings.size() ? NodeOf(siblings[at + 1]) : nullptr;
+    Touch(node, {});
+    if (before && before->parent() == node.parent())
+        FDocument->reorder(node, before->position() + (node.position() < before->position() ? 0 : 1));
+    else if (behind && behind->parent() == node.parent())
+        FDocument->reorder(node, behind->position() - (node.position() < behind->position() ? 1 : 0));
+}
+
+void LiveForm::Write(FormNode& node, const QString& property, const FormValue& value)
+{
+    if (const auto* there = node.property(property); there && !there->isCollection() && there->value() == value)
+        return;
+    OnEdit();
+    Touch(node, property);
+    FDocument->setProperty(node, property, value);
+}
+
+void LiveForm::Remove(FormNode& node, const QString& property)
+{
+    if (!node.property(property))
+        return;
+    OnEdit();
+    Touch(node, property);
+    FDocument->removeProperty(node, property);
+}
+
+namespace {
+
+void RenamedReference(FormValue& value, const QString& oldName, const QString& newName)
+{
+    if (value.kind() != FormValue::Kind::Identifier)
+        return;
+    const auto text = value.toString();
+    if (SameText(text, oldName) || text.startsWith(oldName + u'.', Qt::CaseInsensitive))
+        value = FormValue::identifier(newName + text.mid(oldName.size()));
+}
+
+bool MayRefer(const TComponent* component, const QString& property)
+{
+    const auto* info = component ? GetPropInfo(component, property) : nullptr;
+    return !info || info->PropType.Kind == tkClass;
+}
+
+}
+
+void LiveForm::RenameReferences(const QString& oldName, const QString& newName)
+{
+    if (!oldName.isEmpty() && !newName.isEmpty())
+        RenameReferencesIn(FDocument->root(), oldName, newName);
+}
+
+void LiveForm::RenameReferencesIn(FormNode& node, const QString& oldName, const QString& newName)
+{
+    const auto* component = ComponentOf(&node);
+    for (auto* property : node.properties()) {
+        for (auto* item : property->items())
+            RenameReferencesIn(*item, oldName, newName);
+        if (property->isCollection() || !MayRefer(component, property->name()))
+            continue;
+        const auto old = property->value();
+        auto value = old;
+        RenamedReference(value, oldName, newName);
+        if (!(value == old))
+            Write(node, property->name(), value);
+    }
+    for (auto* child : node.children())
+        RenameReferencesIn(*child, oldName, newName);
+}
+
+bool LiveForm::IsInFile(const FormNode& node) const
+{
+    for (const auto* walk = &node; walk; walk = walk->parent())
+        if (walk == &FDocument->root())
+            return true;
+    return false;
+}
+
+QList<TComponent*> LiveForm::BuildNode(FormNode& node, const FormLinks::FindRoot& otherRoot)
+{
+    auto* parentNode = node.parent();
+    auto* parent = ComponentOf(parentNode);
+    if (!parent)
+        return {};
+    auto* owner = parent;
+    while (owner != FRoot.get() && !owner->HasState(csInline))
+        owner = owner->Owner();
+    QList<TComponent*> made;
+    FormBuilder builder(FSource, FLinks, FLateProblems);
+    builder.SetBind([this, &made](FormNode& inner, TComponent& component) {
+        Bind(inner, component);
+        made << &component;
+    });
+    builder.BuildChild(node, *parent, *owner);
+    FLinks.Resolve(*FRoot, otherRoot);
+    TellLoaded(made);
+    return made;
+}
+
+bool LiveForm::ReadProperty(const FormNode& node, const QString& property, const FormLinks::FindRoot& otherRoot)
+{
+    auto* component = ComponentOf(&node);
+    const auto* line = node.property(property);
+    if (!component || !line)
+        return false;
+    auto* scope = component->Owner() && component->Owner()->HasState(csInline) ? component->Owner() : FRoot.get();
+    FormProperties::Read(*component, *line, *scope, FLinks);
+    FLinks.Resolve(*FRoot, otherRoot);
+    return true;
+}

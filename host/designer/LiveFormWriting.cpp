@@ -1,0 +1,227 @@
+#include "designer/FormProperties.h"
+#include "designer/FormValues.h"
+#include "designer/LiveForm.h"
+#include "rtl/SysUtils.h"
+
+// How the live form writes the value of a property to its one line.
+
+namespace {
+
+// The published property of the owner that gives this object of its own.
+QString NameOfSubObject(const TPersistent& owner, const TPersistent& object)
+{
+    for (const auto* property : GetPropList(owner.ClassType(), { tkClass }, false))
+        if (property->IsSubObject && property->Get(&owner).value<TPersistent*>() == &object)
+            return property->Name;
+    return {};
+}
+
+TComponent* ComponentOfPart(TPersistent& instance)
+{
+    TPersistent* walk = &instance;
+    while (walk && !dynamic_cast<TComponent*>(walk))
+        walk = walk->GetOwner();
+    return dynamic_cast<TComponent*>(walk);
+}
+
+// Where in the file an object that belongs to a component stands: a node (the component's or an item's) and what comes
+// before the names of its properties.
+struct Spot {
+    FormNode* Node = nullptr;
+    QString Prefix;
+};
+
+Spot SpotOf(LiveForm& form, TPersistent& instance)
+{
+    if (auto* component = dynamic_cast<TComponent*>(&instance))
+        return { &form.NeedNode(*component), {} };
+    auto* owner = instance.GetOwner();
+    if (!owner)
+        return {};
+    if (auto* item = dynamic_cast<TCollectionItem*>(&instance)) {
+        auto* collection = item->Collection();
+        const auto spot = SpotOf(form, *collection);
+        const auto* property = spot.Node ? spot.Node->property(spot.Prefix.chopped(1)) : nullptr;
+        const auto index = item->Index();
+        const bool there = property && index >= 0 && size_t(index) < property->items().size();
+        return there ? Spot { property->items()[size_t(index)], {} } : Spot();
+    }
+    auto spot = SpotOf(form, *owner);
+    const auto* collection = dynamic_cast<TCollection*>(&instance);
+    const auto name = collection ? collection->PropertyName() : NameOfSubObject(*owner, instance);
+    if (name.isEmpty())
+        return {};
+    spot.Prefix += name + u'.';
+    return spot;
+}
+
+bool IsEmpty(const QVariant& value)
+{
+    if (!value.isValid())
+        return true;
+    if (value.typeId() == qMetaTypeId<TPersistent*>())
+        return value.value<TPersistent*>() == nullptr;
+    if (value.typeId() == QMetaType::QStringList)
+        return value.toStringList().isEmpty();
+    return value.typeId() == QMetaType::QString && value.toString().isEmpty();
+}
+
+bool SameReference(const QVariant& one, const QVariant& other)
+{
+    const auto* a = dynamic_cast<TComponent*>(one.value<TPersistent*>());
+    const auto* b = dynamic_cast<TComponent*>(other.value<TPersistent*>());
+    return a == b || (a && b && SameText(a->Name(), b->Name()));
+}
+
+bool IsInherited(const TPersistent& inherited, const TPropInfo& info, const QVariant& value)
+{
+    const auto* there = GetPropInfo(&inherited, info.Name);
+    if (!there)
+        return false;
+    const auto old = there->Get(&inherited);
+    return info.PropType.Kind == tkClass ? SameReference(old, value) : old == value;
+}
+
+// The same property of the item in the file and of the live one.
+bool Matches(const FormNode& node, TPersistent& item)
+{
+    for (const auto* property : node.properties()) {
+        const auto place = FormProperties::Find(item, property->name());
+        if (!place.Info || place.Info->IsSubObject || place.Info->PropType.Kind == tkClass || property->isCollection())
+            continue;
+        if (place.Info->Get(place.Instance) != FormValues::ToVariant(property->value(), &place.Info->PropType))
+            return false;
+    }
+    return true;
+}
+
+int FirstDifference(const FormProperty& property, const TCollection& collection)
+{
+    const auto items = property.items();
+    int at = 0;
+    while (size_t(at) < items.size() && at < collection.Count() && Matches(*items[size_t(at)], *collection.Item(at)))
+        ++at;
+    return at;
+}
+
+}
+
+void LiveForm::WriteProperty(TPersistent& instance, const QString& property, const TPersistent* inherited)
+{
+    if (!ComponentOfPart(instance))
+        return;
+    OnEdit();
+    auto* collection = dynamic_cast<TCollection*>(&instance);
+    if (collection && SameText(property, collection->PropertyName())) {
+        const auto spot = SpotOf(*this, instance);
+        if (spot.Node)
+            WriteCollection(*collection, *spot.Node, spot.Prefix.chopped(1));
+        return;
+    }
+    const auto spot = SpotOf(*this, instance);
+    if (!spot.Node)
+        return;
+    FLinks.Forget(&instance, property);
+    const auto* info = GetPropInfo(&instance, property);
+    auto* part = info && info->IsSubObject ? info->Get(&instance).value<TPersistent*>() : nullptr;
+    if (auto* strings = dynamic_cast<TStrings*>(part))
+        WriteStrings(*strings, *spot.Node, spot.Prefix + property + QLatin1String(".Strings"));
+    else if (auto* items = dynamic_cast<TCollection*>(part))
+        WriteCollection(*items, *spot.Node, spot.Prefix + property);
+    else if (!part)
+        WriteValue(instance, info, property, *spot.Node, spot.Prefix + property, inherited);
+}
+
+namespace {
+
+// What the file does not say comes from another file, so that even a default value must be said.
+bool IsSaidElsewhere(TPersistent& instance)
+{
+    const auto* component = ComponentOfPart(instance);
+    return component->HasState(csAncestor) || component->HasState(csInline);
+}
+
+}
+
+void LiveForm::WriteStrings(const TStrings& strings, FormNode& node, const QString& path)
+{
+    if (strings.Count() > 0 || IsSaidElsewhere(const_cast<TStrings&>(strings)))
+        Write(node, path, FormValue::strings(strings.Lines()));
+    else
+        Remove(node, path);
+}
+
+void LiveForm::WriteValue(TPersistent& instance, const TPropInfo* info, const QString& name, FormNode& node,
+    const QString& path, const TPersistent* inherited)
+{
+    auto* component = dynamic_cast<TComponent*>(&instance);
+    if (!info && component && (SameText(name, u"Left") || SameText(name, u"Top"))) {
+        const auto place = SameText(name, u"Left") ? component->DesignLeft() : component->DesignTop();
+        Write(node, path, FormValue::integer(place));
+        return;
+    }
+    if (!info) {
+        const auto value = instance.StoredValue(name);
+        const auto* there = node.property(path);
+        const bool isName = there && there->value().kind() == FormValue::Kind::Identifier;
+        if (!value.isValid())
+            Remove(node, path);
+        else
+            Write(node, path,
+                isName ? FormValue::identifier(value.toString())
+                       : FormValues::ToFormValue(value, TTypeInfo { tkUnknown, {}, {} }));
+        return;
+    }
+    const auto value = info->Get(&instance);
+    const bool isDefault = inherited ? IsInherited(*inherited, *info, value)
+        : IsSaidElsewhere(instance)  ? false
+        : info->Default.isValid()    ? value == info->Default || (IsEmpty(value) && IsEmpty(info->Default))
+                                     : IsEmpty(value);
+    if (isDefault || !value.isValid()) {
+        Remove(node, path);
+        return;
+    }
+    const auto written = ValueOf(instance, *info, value);
+    Write(node, path, written);
+    const auto* target
+        = info->PropType.Kind == tkClass ? dynamic_cast<TComponent*>(value.value<TPersistent*>()) : nullptr;
+    if (target && !Holds(target))
+        FLinks.Add({ &instance, name, written.toString(), FRoot.get() });
+}
+
+FormValue LiveForm::ValueOf(const TPersistent& instance, const TPropInfo& info, const QVariant& value) const
+{
+    if (info.PropType.Kind != tkClass)
+        return FormValues::ToFormValue(value, info.PropType);
+    const auto* target = dynamic_cast<TComponent*>(value.value<TPersistent*>());
+    if (!target)
+        return FormValue::nil();
+    const auto* component = ComponentOfPart(const_cast<TPersistent&>(instance));
+    const auto* scope = component->Owner() ? component->Owner() : component;
+    return FormValue::identifier(FormLinks::NameFrom(*FRoot, *scope, *target));
+}
+
+void LiveForm::WriteCollection(TCollection& collection, FormNode& node, const QString& path)
+{
+    const auto fileCount = [&node, &path] {
+        const auto* property = node.property(path);
+        return property ? int(property->items().size()) : 0;
+    };
+    Touch(node, path);
+    if (collection.Count() == 0) {
+        Remove(node, path);
+        return;
+    }
+    while (fileCount() > collection.Count()) {
+        const auto* property = node.property(path);
+        FDocument->remove(*property->items()[size_t(FirstDifference(*property, collection))]);
+    }
+    while (fileCount() < collection.Count()) {
+        const auto* property = node.property(path);
+        const auto at = property ? FirstDifference(*property, collection) : 0;
+        FDocument->addItem(node, path, at);
+        auto* item = collection.Item(at);
+        for (const auto* published : GetPropList(item->ClassType(), {}, false))
+            WriteProperty(*item, published->Name, nullptr);
+    }
+}

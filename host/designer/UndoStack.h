@@ -1,0 +1,96 @@
+#pragma once
+
+#include "files/SaveTogether.h"
+
+#include <QList>
+#include <QString>
+
+#include <vector>
+
+class FormNode;
+
+// A place of a form file that a gesture changed: a property of a node, or (an empty name) the node itself: that it is
+// there, its name, its place.
+struct FormTouch {
+    FormNode* Node;
+    QString Property;
+    friend bool operator==(const FormTouch&, const FormTouch&) = default;
+};
+
+// How a module's form and unit stood.
+struct UndoState {
+    int FormPosition = 0;
+    QList<FileContent> Unit;
+    friend bool operator==(const UndoState&, const UndoState&) = default;
+};
+
+// What can be brought back to an earlier state: a module with its form and its unit.
+class UndoPart {
+public:
+    virtual UndoState Capture() = 0;
+    // Brings form and unit to that state, byte for byte, and the live components after it, telling the listeners of
+    // each as of any other change. `touches` are the places that differ.
+    virtual void Restore(const UndoState& state, const QList<FormTouch>& touches) = 0;
+
+protected:
+    ~UndoPart() = default;
+};
+
+// What the user did, gesture by gesture, over all modules. A gesture is everything that happens while a Gesture lives;
+// one within another is part of it. Undo goes back over one gesture: every file is as it was, byte for byte.
+class UndoStack {
+public:
+    class Gesture {
+    public:
+        Gesture(UndoStack& stack, const QString& title);
+        Gesture(const Gesture&) = delete;
+        Gesture& operator=(const Gesture&) = delete;
+        ~Gesture();
+        // Takes back everything since the gesture began, and ends it.
+        void Rollback();
+
+    private:
+        void End();
+        UndoStack& FStack;
+        bool FOpen = true;
+    };
+
+    // Called before each edit of a part.
+    void Touch(UndoPart& part);
+    void Note(UndoPart& part, const FormTouch& touch);
+    // The part goes: what it was in cannot be undone any more.
+    void Forget(UndoPart& part);
+
+    bool CanUndo() const { return !FDone.empty() && FOpen.empty(); }
+    bool CanRedo() const { return !FUndone.empty() && FOpen.empty(); }
+    // The title of the gesture that Undo (Redo) goes over; empty without one.
+    QString UndoTitle() const { return FDone.empty() ? QString() : FDone.back().Title; }
+    QString RedoTitle() const { return FUndone.empty() ? QString() : FUndone.back().Title; }
+    // False where there is nothing.
+    bool Undo();
+    bool Redo();
+    void Clear();
+    // While it restores, edits are not new ones.
+    bool IsRestoring() const { return FRestoring; }
+    bool InGesture() const { return !FOpen.empty(); }
+
+private:
+    struct Change {
+        UndoPart* Part;
+        UndoState Before;
+        UndoState After;
+        QList<FormTouch> Touches;
+    };
+    struct Step {
+        QString Title;
+        std::vector<Change> Changes;
+    };
+    static Change* ChangeOf(Step& step, const UndoPart& part);
+    void Restore(Step& step, UndoState Change::*state);
+    void Close();
+
+    std::vector<Step> FOpen;
+    std::vector<Step> FDone;
+    std::vector<Step> FUndone;
+    bool FRestoring = false;
+};

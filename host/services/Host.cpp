@@ -1,0 +1,144 @@
+#include "services/Host.h"
+
+#include "designer/Designer.h"
+#include "rtl/TRegistry.h"
+#include "rtl/TTimer.h"
+#include "services/ComponentEditors.h"
+#include "services/Facades.h"
+#include "services/HostDesigns.h"
+#include "services/IdeServices.h"
+#include "services/Module.h"
+#include "services/PackageLibrary.h"
+#include "services/Project.h"
+
+Host::Host(HostParts parts)
+    : FParts(std::move(parts))
+    , FUndo(std::make_unique<UndoStack>())
+    , FEditors(std::make_unique<ComponentEditors>())
+    , FDesigns(std::make_unique<HostDesigns>(*this))
+    , FServices(MakeFacade<IdeServices>(*this))
+{
+    if (FParts.MessageBox)
+        SetMessageDlgHandler(FParts.MessageBox);
+    if (FParts.Exceptions)
+        SetExceptionHandler(FParts.Exceptions);
+    if (FParts.Clock)
+        SetClock(FParts.Clock);
+    if (FParts.Registry)
+        TRegistryStore::SetDefault(FParts.Registry);
+    BorlandIDEServices = static_cast<IOTAServices*>(FServices);
+    SetDesignHost(FDesigns.get());
+    SetWizardRegistrar([this](const InterfacePtr<IOTAWizard>& wizard) { FWizards << wizard; });
+}
+
+Host::~Host()
+{
+    while (!FPackages.empty())
+        UnloadPackage(FPackages.back()->FileName());
+    CloseAll();
+    FWizards.clear();
+    Notifiers.Destroy();
+    FServices->Close();
+    SetWizardRegistrar({});
+    SetDesignHost(nullptr);
+    BorlandIDEServices.Clear();
+    if (FParts.Registry)
+        TRegistryStore::SetDefault(nullptr);
+    if (FParts.Clock)
+        SetClock(nullptr);
+    if (FParts.Exceptions)
+        SetExceptionHandler({});
+    if (FParts.MessageBox)
+        SetMessageDlgHandler({});
+}
+
+bool Host::Notify(TOTAFileNotification code, const QString& fileName)
+{
+    bool cancelled = false;
+    Notifiers.Walk([&](IOTAIDENotifier& listener) {
+        bool cancel = false;
+        listener.FileNotification(code, fileName, cancel);
+        cancelled = cancelled || cancel;
+    });
+    return cancelled;
+}
+
+void Host::AddService(IInterface* service)
+{
+    FServices->AddService(service);
+}
+
+void Host::Report(const Problem& problem)
+{
+    FReported << problem;
+    if (FParts.OnProblem)
+        FParts.OnProblem(problem);
+}
+
+void Host::Changed()
+{
+    if (FParts.OnChange)
+        FParts.OnChange();
+}
+
+Module* Host::FindOpenModule(const QString& fileName) const
+{
+    if (fileName.isEmpty())
+        return nullptr;
+    if (auto* exact = FByFile.value(fileName))
+        return exact;
+    return FByLowerFile.value(fileName.toLower());
+}
+
+Module* Host::FormModule(const QString& formName, const Project* first) const
+{
+    if (formName.isEmpty())
+        return nullptr;
+    const auto* preferred = first ? first : FActive;
+    Module* found = nullptr;
+    for (auto* module : FModules) {
+        if (!module->HasDesigner() || !SameText(module->FormName(), formName))
+            continue;
+        if (module->OwningProject() == preferred)
+            return module;
+        found = found ? found : module;
+    }
+    return found;
+}
+
+Module* Host::ModuleOfRoot(const TComponent* root) const
+{
+    for (auto* module : FModules)
+        if (root && module->HasDesigner() && module->TheDesigner().Root() == root)
+            return module;
+    return nullptr;
+}
+
+void Host::IndexModules()
+{
+    FByFile.clear();
+    FByLowerFile.clear();
+    for (auto* module : std::as_const(FModules))
+        for (const auto& name : { module->FormFile(), module->UnitFile() })
+            if (!name.isEmpty()) {
+                FByFile.insert(name, module);
+                FByLowerFile.insert(name.toLower(), module);
+            }
+}
+
+void Host::SetFront(Module& module)
+{
+    FCurrent = &module;
+    ActivateClassGroup(module.ClassGroup());
+    Changed();
+}
+
+void Host::ModuleChanged(Module&)
+{
+    Changed();
+}
+
+bool Host::IsModified() const
+{
+    return std::any_of(FModules.begin(), FModules.end(), [](Module* module) { return module->IsModified(); });
+}

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "designer/Designer.h"
+#include "projects/ProjectDescription.h"
+#include "services/ModuleEditors.h"
+
+class Host;
+class Project;
+
+// An open module: a unit, with the form that belongs to it where there is one. A facade: after closing it answers nil
+// and empty texts. It owns the texts of unit and form as they are edited; the host opens, saves and closes it.
+class Module : public Facade<IOTAModule>, public DesignerSite {
+public:
+    enum class View { Source, Form };
+
+    // `project` is nil for a module that no open project names.
+    Module(Host& host, Project* project, const ModuleDescription& description);
+    ~Module() override;
+
+    // Reads the files and makes the form's components, without telling anybody. What is wrong is added to the problems;
+    // a form that cannot be read leaves the module without a designer.
+    void Load(Problems& problems);
+    // Answers nil from now on. The listeners of editors and module are told that it goes.
+    void Close();
+    bool IsOpen() const { return FIsOpen; }
+
+    Project* OwningProject() const { return FProject; }
+    const QString& UnitFile() const { return FDescription.FileName; }
+    const QString& FormFile() const { return FDescription.FormFile; }
+    const ModuleDescription& Description() const { return FDescription; }
+    // The root's name as it is now; empty without a form that could be read.
+    QString FormName() const { return HasDesigner() ? FDesigner->RootName() : QString(); }
+    const QString& RootClass() const { return FRootClass; }
+    bool HasDesigner() const { return FIsOpen && FDesigner->Form(); }
+    // Always there; without a form where HasDesigner is false.
+    Designer& TheDesigner() { return *FDesigner; }
+    const Designer& TheDesigner() const { return *FDesigner; }
+    ModuleFormEditor& FormEditor() { return *FFormEditor; }
+    ModuleSourceEditor& SourceEditor() { return *FSourceEditor; }
+
+    bool IsModified();
+    // The files that differ from what is on disk.
+    QList<FileContent> ChangedFiles();
+    // What was read or saved last differs from what is on disk now: somebody else wrote the file.
+    Failure ChangedOnDisk() const;
+    void NoteSaved();
+    void BringToFront(View view);
+    View FrontView() const { return FView; }
+
+    // The files have new names. Tells the listeners: ModuleRenamed, and Destroyed to those of the form.
+    void Rename(const QString& unitFile, const QString& formFile);
+
+    // IOTAModule
+    QString GetFileName() override;
+    int GetModuleFileCount() override;
+    InterfacePtr<IOTAEditor> GetModuleFileEditor(int index) override;
+    int AddNotifier(const InterfacePtr<IOTAModuleNotifier>& notifier) override { return Notifiers.Add(notifier); }
+    void RemoveNotifier(int index) override { Notifiers.Remove(index); }
+    NotifierList<IOTAModuleNotifier> Notifiers;
+
+    // DesignerSite
+    FormDocument* DocumentOf(const QString& className) override;
+    QString AncestorOf(const QString& className) override;
+    QString ClassGroup() const override;
+    void FileNames(QString& unit, QString& form, QString& project) override;
+    SourceUnit* Unit() override;
+    std::optional<UnitReference> UnitOfRoot(const TComponent* root) override;
+    TComponent* RootNamed(const QString& formName) override;
+    UndoStack& Undo() override;
+    void WillEdit() override;
+    void Report(const Problem& problem) override;
+    Designer* AncestorDesigner() override;
+    QList<Designer*> DescendantDesigners() override;
+    QList<Designer*> OpenDesigners() override;
+    void NotifyRenamed(TOTAHandle component, const QString& oldName, const QString& newName) override;
+    void NotifyModified() override;
+    void Activate() override;
+    QStringList UnitsNeededBy(TClass aClass) override;
+
+private:
+    void LoadForm(Problems& problems);
+    void CheckUnit(Problems& problems);
+
+    Host& FHost;
+    Project* FProject;
+    ModuleDescription FDescription;
+    std::unique_ptr<SourceUnit> FUnit;
+    bool FUnitTried = false;
+    Designer* FDesigner;
+    ModuleSourceEditor* FSourceEditor;
+    ModuleFormEditor* FFormEditor;
+    // The class of the form, and the one of the project that it inherits from; empty for a form that inherits nothing.
+    QString FRootClass;
+    QString FAncestorClass;
+    QByteArray FFormOnDisk;
+    QList<FileContent> FUnitOnDisk;
+    View FView = View::Form;
+    bool FIsOpen = true;
+};
