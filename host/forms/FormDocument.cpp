@@ -1,6 +1,7 @@
 #include "forms/FormDocument.h"
 
 #include "forms/FormBinaryReader.h"
+#include "forms/FormEditor.h"
 #include "forms/FormJournal.h"
 #include "forms/FormTextReader.h"
 #include "forms/FormTree.h"

@@ -11,6 +11,7 @@
 
 #include <memory>
 
+class FormEditor;
 class FormJournal;
 class FormTree;
 struct FormNames;
@@ -83,9 +84,11 @@ public:
 
 private:
     FormDocument(std::unique_ptr<FormTree> tree, QString fileName);
+    FormEditor& editor();
     void changeHeader(FormNode& node, const FormNames& names);
 
     std::unique_ptr<FormTree> m_tree;
     std::unique_ptr<FormJournal> m_journal;
+    std::unique_ptr<FormEditor> m_editor; // made with the first edit
     QString m_fileName;
 };

@@ -5,16 +5,22 @@
 
 #include <algorithm>
 
+FormEditor& FormDocument::editor()
+{
+    if (!m_editor)
+        m_editor = std::make_unique<FormEditor>(*m_tree, *m_journal, m_fileName);
+    return *m_editor;
+}
+
 FormProperty& FormDocument::setProperty(FormNode& node, const QString& name, const FormValue& value)
 {
     auto* property = node.property(name);
     if (property && property->value() == value)
         return *property;
     const FormJournal::Edit edit(*m_journal);
-    FormEditor editor(*m_tree, *m_journal, m_fileName);
     if (!property)
-        return editor.addProperty(node, name, value);
-    editor.replaceValue(*property, value);
+        return editor().addProperty(node, name, value);
+    editor().replaceValue(*property, value);
     return *property;
 }
 
@@ -29,7 +35,7 @@ bool FormDocument::removeProperty(FormNode& node, QStringView name)
 void FormDocument::removeProperty(FormProperty& property)
 {
     const FormJournal::Edit edit(*m_journal);
-    FormEditor(*m_tree, *m_journal, m_fileName).removeProperty(property);
+    editor().removeProperty(property);
 }
 
 FormNode& FormDocument::addChild(
@@ -37,20 +43,19 @@ FormNode& FormDocument::addChild(
 {
     const FormJournal::Edit edit(*m_journal);
     const auto& encoding = m_tree->encoding;
-    return FormEditor(*m_tree, *m_journal, m_fileName)
-        .addChild(parent, { kind, encoding.encode(className), encoding.encode(name), std::nullopt }, position);
+    return editor().addChild(
+        parent, { kind, encoding.encode(className), encoding.encode(name), std::nullopt }, position);
 }
 
 FormNode& FormDocument::addItem(FormNode& owner, const QString& property, int position)
 {
     const FormJournal::Edit edit(*m_journal);
-    FormEditor editor(*m_tree, *m_journal, m_fileName);
     auto* collection = owner.property(property);
     if (!collection)
-        collection = &editor.addProperty(owner, property, FormValue::collection({}));
+        collection = &editor().addProperty(owner, property, FormValue::collection({}));
     else if (!collection->isCollection())
-        editor.replaceValue(*collection, FormValue::collection({}));
-    return editor.addItem(*collection, std::nullopt, position);
+        editor().replaceValue(*collection, FormValue::collection({}));
+    return editor().addItem(*collection, std::nullopt, position);
 }
 
 bool FormDocument::remove(FormNode& node)
@@ -58,7 +63,7 @@ bool FormDocument::remove(FormNode& node)
     if (!node.parent())
         return false;
     const FormJournal::Edit edit(*m_journal);
-    FormEditor(*m_tree, *m_journal, m_fileName).take(node);
+    editor().take(node);
     return true;
 }
 
@@ -70,7 +75,7 @@ bool FormDocument::move(FormNode& node, FormNode& parent, int position)
         if (above == &node)
             return false;
     const FormJournal::Edit edit(*m_journal);
-    FormEditor(*m_tree, *m_journal, m_fileName).move(node, parent, position);
+    editor().move(node, parent, position);
     return true;
 }
 
@@ -81,7 +86,7 @@ bool FormDocument::reorder(FormNode& node, int position)
     if (node.position() == position)
         return true;
     const FormJournal::Edit edit(*m_journal);
-    FormEditor(*m_tree, *m_journal, m_fileName).reorder(node, position);
+    editor().reorder(node, position);
     return true;
 }
 
@@ -123,5 +128,5 @@ void FormDocument::changeHeader(FormNode& node, const FormNames& names)
     if (names == namesOf(node) || names.className.isEmpty() != (node.kind() == FormNode::Kind::Item))
         return;
     const FormJournal::Edit edit(*m_journal);
-    FormEditor(*m_tree, *m_journal, m_fileName).changeHeader(node, names);
+    editor().changeHeader(node, names);
 }

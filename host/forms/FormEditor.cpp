@@ -35,6 +35,7 @@ void FormEditor::replaceValue(FormProperty& property, const FormValue& value)
 {
     const auto spelled = m_scribe->newValue(property, value);
     auto pieces = property.pieces();
+    pieces.lead = m_scribe->leadFor(pieces.lead);
     pieces.value = m_tree.keep(spelled.value);
     pieces.close = m_tree.keep(spelled.close);
     pieces.items = {};

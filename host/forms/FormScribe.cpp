@@ -35,6 +35,17 @@ public:
         return spell(value, formIndentOf(property.pieces().lead));
     }
 
+    QByteArrayView leadFor(QByteArrayView lead) const override
+    {
+        auto end = lead.lastIndexOf('=') + 1;
+        const auto behind = lead.sliced(end);
+        if (!behind.contains('\n') && !behind.contains('\r'))
+            return lead;
+        while (end < lead.size() && (lead[end] == ' ' || lead[end] == '\t'))
+            ++end;
+        return lead.first(end);
+    }
+
     QByteArray newHeader(const QByteArray& indent, const FormNames& names) const override
     {
         const auto before = names.kind == FormNode::Kind::Item ? m_style.lineEnd : QByteArray();
@@ -145,6 +156,8 @@ public:
 
     Spelled newValue(const FormProperty&, const FormValue& value) const override { return spell(value); }
 
+    QByteArrayView leadFor(QByteArrayView lead) const override { return lead; }
+
     QByteArray newHeader(const QByteArray&, const FormNames& names) const override
     {
         return FormBinaryPrinter::header(names.kind, names.index, names.className, names.name);
@@ -186,51 +199,6 @@ private:
     FormBinaryPrinter m_printer;
 };
 
-QByteArray firstLineEnd(QByteArrayView bytes)
-{
-    const auto at = bytes.indexOf('\n');
-    if (at > 0 && bytes[at - 1] == '\r')
-        return "\r\n";
-    if (at >= 0)
-        return "\n";
-    return bytes.contains('\r') ? "\r" : "\r\n";
-}
-
-QByteArray stepOf(const FormNode& root)
-{
-    const auto outer = formIndentOf(root.header().bytes);
-    QByteArray inner;
-    if (!root.properties().empty())
-        inner = formIndentOf(root.properties().front()->pieces().lead);
-    else if (!root.children().empty())
-        inner = formIndentOf(root.children().front()->header().bytes);
-    return inner.size() > outer.size() && inner.startsWith(outer) ? inner.mid(outer.size()) : QByteArrayLiteral("  ");
-}
-
-}
-
-QByteArray formIndentOf(QByteArrayView piece)
-{
-    qsizetype start = 0;
-    qsizetype at = 0;
-    for (; at < piece.size() && FormLexer::isBlank(piece[at]); ++at)
-        if (piece[at] == '\n' || piece[at] == '\r')
-            start = at + 1;
-    return piece.sliced(start, at - start).toByteArray();
-}
-
-FormTextStyle formStyleOf(const FormTree& tree, const QString& fileName)
-{
-    const bool loose = tree.rawStrings || fileName.endsWith(QLatin1StringView(".lfm"), Qt::CaseInsensitive);
-    FormTextStyle style;
-    style.lineEnd = firstLineEnd(tree.source());
-    style.step = stepOf(*tree.root);
-    style.encoding = tree.encoding;
-    style.rawStrings = loose && tree.encoding.isUtf8();
-    style.paddedReals = !loose;
-    style.tightIndex = loose;
-    style.ownLineClose = loose;
-    return style;
 }
 
 std::unique_ptr<FormScribe> FormScribe::of(const FormTree& tree, const QString& fileName)

@@ -26,6 +26,8 @@ public:
     virtual Spelled newProperty(const FormNode& owner, const QByteArray& name, const FormValue& value) const = 0;
     // Other bytes for the value of a property that is there: value and close.
     virtual Spelled newValue(const FormProperty& property, const FormValue& value) const = 0;
+    // The part of a property's lead that stays before another value: without a line end behind the equals sign.
+    virtual QByteArrayView leadFor(QByteArrayView lead) const = 0;
     // The header of a new node, and how the node ends.
     virtual QByteArray newHeader(const QByteArray& indent, const FormNames& names) const = 0;
     virtual Frame newFrame(const QByteArray& indent, FormNode::Kind kind) const = 0;
@@ -42,8 +44,3 @@ public:
     virtual QByteArray gap(QByteArrayView before, QByteArrayView after) const = 0;
     virtual bool indents() const = 0; // depth shows in the bytes
 };
-
-// The blanks in front of what a piece of text begins with, in its line.
-QByteArray formIndentOf(QByteArrayView piece);
-// The hand that a text form is written in.
-FormTextStyle formStyleOf(const FormTree& tree, const QString& fileName);

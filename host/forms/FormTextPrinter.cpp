@@ -9,9 +9,9 @@ namespace {
 constexpr int stringWidth = 64; // characters of a string in one line
 constexpr int binaryWidth = 32; // bytes of binary data in one line
 
-bool isPlain(QChar c)
+bool isAscii(const QByteArray& bytes)
 {
-    return c >= u' ' && c != u'\'' && c.unicode() < 0x7F;
+    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<uchar>(c) < 0x80; });
 }
 
 QByteArray real(const FormValue& value, bool padded)
@@ -120,53 +120,61 @@ QByteArray FormTextPrinter::binary(const QByteArray& data, const QByteArray& ind
 QByteArray FormTextPrinter::string(const FormValue& value, const QByteArray& indent) const
 {
     const auto text = value.toString();
-    if (text.isEmpty())
+    const bool narrow = value.stringWidth() == FormValue::StringWidth::Narrow;
+    if (text.isEmpty() && value.narrowBytes().isEmpty())
         return "''";
-    if (m_style.rawStrings && value.stringWidth() != FormValue::StringWidth::Narrow && m_style.encoding.canEncode(text))
-        return raw(m_style.encoding.encode(text));
-    const auto bytes = value.narrowBytes();
-    const bool ascii = std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<uchar>(c) < 0x80; });
-    if (!bytes.isEmpty() && (m_style.rawStrings || !ascii))
-        return raw(bytes);
-    return escaped(text, indent);
+    if (narrow && (m_style.rawStrings || !isAscii(value.narrowBytes())))
+        return join(raw(value.narrowBytes()), indent);
+    if (!narrow && m_style.rawStrings && m_style.encoding.canEncode(text))
+        return join(raw(m_style.encoding.encode(text)), indent);
+    return join(escaped(text), indent);
 }
 
-// Everything that is no plain character by its number; a long text goes on in the next line behind a +.
-QByteArray FormTextPrinter::escaped(const QString& text, const QByteArray& indent) const
+// Everything that is no plain character by its number.
+QList<FormTextPrinter::Unit> FormTextPrinter::escaped(const QString& text)
+{
+    QList<Unit> units;
+    units.reserve(text.size());
+    for (const auto c : text) {
+        const bool plain = c >= u' ' && c != u'\'' && c.unicode() < 0x7F;
+        units << Unit { plain ? QByteArray(1, c.toLatin1()) : '#' + QByteArray::number(c.unicode()), plain };
+    }
+    return units;
+}
+
+// Only control characters by their number.
+QList<FormTextPrinter::Unit> FormTextPrinter::raw(const QByteArray& bytes) const
+{
+    QList<Unit> units;
+    units.reserve(bytes.size());
+    for (const char c : bytes) {
+        const auto code = static_cast<uchar>(c);
+        const bool within = m_style.encoding.isUtf8() && (code & 0xC0) == 0x80 && !units.isEmpty();
+        if (within && units.back().quoted)
+            units.back().bytes += c;
+        else if (code < 0x20 || code == 0x7F)
+            units << Unit { '#' + QByteArray::number(code), false };
+        else
+            units << Unit { c == '\'' ? QByteArray("''") : QByteArray(1, c), true };
+    }
+    return units;
+}
+
+QByteArray FormTextPrinter::join(const QList<Unit>& units, const QByteArray& indent) const
 {
     const auto next = newLine(indent + m_style.step);
-    QByteArray spelled;
-    if (text.size() > stringWidth)
-        spelled += next;
+    const bool broken = m_style.breakStrings && units.size() > stringWidth;
+    QByteArray spelled = broken ? next : QByteArray();
     bool open = false;
-    for (qsizetype at = 0, lineStart = 0; at < text.size(); ++at) {
-        const bool plain = isPlain(text[at]);
-        if (at - lineStart >= stringWidth && !(at > 0 && text[at].isLowSurrogate())) {
+    for (qsizetype at = 0; at < units.size(); ++at) {
+        if (broken && at > 0 && at % stringWidth == 0) {
             spelled += (open ? "' +" : " +") + next;
-            lineStart = at;
             open = false;
         }
-        if (plain != open)
+        if (units[at].quoted != open)
             spelled += '\'';
-        open = plain;
-        spelled += plain ? QByteArray(1, text[at].toLatin1()) : '#' + QByteArray::number(text[at].unicode());
-    }
-    return open ? spelled + '\'' : spelled;
-}
-
-QByteArray FormTextPrinter::raw(const QByteArray& bytes) const
-{
-    QByteArray spelled;
-    bool open = false;
-    for (const char c : bytes) {
-        const bool plain = static_cast<uchar>(c) >= 0x20 && c != 0x7F;
-        if (plain != open)
-            spelled += '\'';
-        open = plain;
-        if (plain)
-            spelled += c == '\'' ? QByteArray("''") : QByteArray(1, c);
-        else
-            spelled += '#' + QByteArray::number(static_cast<uchar>(c));
+        open = units[at].quoted;
+        spelled += units[at].bytes;
     }
     return open ? spelled + '\'' : spelled;
 }
