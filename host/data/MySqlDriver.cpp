@@ -52,6 +52,7 @@ namespace {
 enum ServerType {
     mtDecimal = 0,
     mtTiny = 1,
+    mtFloat = 4,
     mtYear = 13,
     mtBit = 16,
     mtDateTime = 12,
@@ -84,6 +85,9 @@ TDataColumn MySqlDriver::Column(const QSqlField& field) const
     case mtTiny:
         column.DataType = field.length() == 1 ? ftBoolean : ftShortint;
         column.Size = 0;
+        break;
+    case mtFloat:
+        column.DataType = ftSingle;
         break;
     case mtYear:
         column.DataType = ftSmallint;

@@ -106,11 +106,10 @@ QSqlQuery SqlDriver::Execute(const QSqlDatabase& database, const SqlText& statem
 {
     QSqlQuery query(database);
     query.setForwardOnly(true);
-    if (!query.prepare(statement.Text))
-        throw EDatabaseError(ErrorText(query.lastError()));
+    const bool prepared = statement.Values.isEmpty() || query.prepare(statement.Text);
     for (const auto& value : statement.Values)
         query.addBindValue(value);
-    if (!query.exec())
+    if (!prepared || !(statement.Values.isEmpty() ? query.exec(statement.Text) : query.exec()))
         throw EDatabaseError(ErrorText(query.lastError()));
     return query;
 }

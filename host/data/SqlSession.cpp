@@ -130,10 +130,12 @@ TRowSet SqlSession::Read(const TStatement& statement, int maxRows, const std::fu
     const Finally end([this] { FDriver.EndReading(FDatabase); });
     const auto stopping = FDriver.StopWhen(FDatabase, cancelled);
     try {
+        // Both before anything runs: asking a server for its tables would take the rows away.
+        const auto unfiltered = TextOf(statement, false);
         const auto text = TextOf(statement, true);
         auto running = FDriver.Run(FDatabase, text, maxRows);
         TRowSet rows;
-        rows.Columns = FDriver.Columns(FDatabase, TextOf(statement, false), running);
+        rows.Columns = FDriver.Columns(FDatabase, unfiltered, running);
         MakeNamesUnique(rows.Columns);
         ReadInto(rows, running, maxRows, cancelled);
         return rows;

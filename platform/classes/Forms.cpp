@@ -33,7 +33,9 @@ TCustomForm::TCustomForm(TComponent* owner)
 
 int TCustomForm::FontPixelHeight() const
 {
-    const int stored = StoredValue(QStringLiteral("Font.Height"), -11).toInt();
+    const auto* font = SubObject(QStringLiteral("Font"));
+    const int stored = font ? font->StoredValue(QStringLiteral("Height"), -11).toInt()
+                            : StoredValue(QStringLiteral("Font.Height"), -11).toInt();
     return stored < 0 ? -stored : 11;
 }
 

@@ -40,7 +40,7 @@ public:
     void SetDynamicClass(TClass aClass) { FClass = aClass; }
 
     // The object that this one belongs to, or nil. A component's is its owner.
-    virtual TPersistent* GetOwner() const { return nullptr; }
+    virtual TPersistent* GetOwner() const { return FSubObjectOwner; }
     // Takes the content of another object of the same kind. Raises EConvertError where that has no meaning.
     virtual void Assign(TPersistent* source);
 

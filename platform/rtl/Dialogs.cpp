@@ -19,3 +19,8 @@ TModalResult MessageDlg(const QString& text, TMsgDlgType type, TMsgDlgButtons bu
         return mrCancel;
     return buttons.testFlag(mbNo) ? mrNo : mrOk;
 }
+
+void ShowMessage(const QString& text)
+{
+    MessageDlg(text, mtCustom, mbOK);
+}

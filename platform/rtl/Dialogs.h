@@ -35,6 +35,9 @@ enum TModalResult {
 // Asks the user and gives the button pressed; closing the box counts as Cancel where there is one, else as No, else OK.
 TModalResult MessageDlg(const QString& text, TMsgDlgType type, TMsgDlgButtons buttons, int helpContext = 0);
 
+// Tells the user something; there is only OK to press.
+void ShowMessage(const QString& text);
+
 // Set by whoever can ask: the workbench with a box, tests and the command line with an answer. Without one the answer
 // is mrCancel where it is offered, else mrNo, else mrOk: nothing is changed that nobody agreed to.
 using MessageDlgHandler = std::function<TModalResult(const QString&, TMsgDlgType, TMsgDlgButtons)>;

@@ -8,6 +8,9 @@
 
 class TImageList;
 
+// Whether hot keys are given out by the menu itself.
+enum TMenuAutoFlag { maAutomatic, maManual };
+
 // What every menu has, shown or not: a root whose items are its entries, and an image list for their pictures. The
 // list is not owned; when it goes, the menu is without.
 class TMenu {
@@ -23,6 +26,10 @@ public:
     TImageList* Images() const;
     virtual void SetImages(TImageList* images);
 
+    // Manual unless set: Qt's menus find an entry by its first letter in any case.
+    TMenuAutoFlag AutoHotkeys() const { return FAutoHotkeys; }
+    void SetAutoHotkeys(TMenuAutoFlag flag) { FAutoHotkeys = flag; }
+
     // The menu as an object that can own its items.
     virtual QObject* AsObject() = 0;
 
@@ -37,4 +44,5 @@ protected:
 private:
     std::unique_ptr<TMenuItem> FItems;
     QPointer<TImageList> FImages;
+    TMenuAutoFlag FAutoHotkeys = maManual;
 };

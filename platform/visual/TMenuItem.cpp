@@ -4,6 +4,8 @@
 #include "visual/TImageList.h"
 #include "visual/TMenu.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <utility>
 
@@ -11,6 +13,10 @@ TMenuItem::TMenuItem(QObject* owner)
     : TCommand(owner)
 {
     connect(this, &QAction::triggered, this, [this] { Click(); });
+    connect(this, &QAction::changed, this, [this] {
+        if (FParent != nullptr)
+            ++FParent->FRevision;
+    });
 }
 
 TMenuItem::~TMenuItem()
@@ -28,6 +34,7 @@ void TMenuItem::Insert(int index, TMenuItem* item)
     FItems.insert(index, item);
     item->FParent = this;
     item->UpdateIcons();
+    EntriesChanged();
     Q_EMIT ItemInserted(index, item);
 }
 
@@ -36,7 +43,15 @@ void TMenuItem::Remove(TMenuItem* item)
     if (!FItems.removeOne(item))
         return;
     item->FParent = nullptr;
+    EntriesChanged();
     Q_EMIT ItemRemoved(item);
+}
+
+void TMenuItem::EntriesChanged()
+{
+    ++FRevision;
+    if (FParent != nullptr)
+        ++FParent->FRevision;
 }
 
 void TMenuItem::Delete(int index)
@@ -64,6 +79,24 @@ TMenuItem* TMenuItem::FindByName(const QString& name) const
     const auto found = std::find_if(FItems.begin(), FItems.end(),
         [&name](const TMenuItem* item) { return item->Name().compare(name, Qt::CaseInsensitive) == 0; });
     return found == FItems.end() ? nullptr : *found;
+}
+
+void TMenuItem::RethinkHotkeys()
+{
+    QSet<QChar> taken;
+    for (const auto* item : FItems)
+        taken << HotkeyOf(item->Caption());
+    for (auto* item : FItems) {
+        if (item->IsLine() || !item->Visible() || !HotkeyOf(item->Caption()).isNull())
+            continue;
+        const auto caption = item->Caption();
+        const auto* letter = std::find_if(caption.begin(), caption.end(),
+            [&taken](QChar c) { return c.isLetterOrNumber() && !taken.contains(c.toLower()); });
+        if (letter == caption.end())
+            continue;
+        taken << letter->toLower();
+        item->SetCaption(QString(caption).insert(letter - caption.begin(), u'&'));
+    }
 }
 
 TMenu* TMenuItem::GetParentMenu() const
@@ -198,4 +231,15 @@ QString StripHotkey(const QString& caption)
         plain += caption.at(i);
     }
     return plain;
+}
+
+QChar HotkeyOf(const QString& caption)
+{
+    for (qsizetype i = 0; i + 1 < caption.size(); ++i) {
+        if (caption.at(i) != u'&')
+            continue;
+        if (caption.at(++i) != u'&')
+            return caption.at(i).toLower();
+    }
+    return {};
 }

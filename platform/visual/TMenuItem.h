@@ -35,6 +35,11 @@ public:
     // The first entry of this name, without regard to case; nil if there is none.
     TMenuItem* FindByName(const QString& name) const;
 
+    // A number that changes whenever an entry comes, goes or changes, so that what was measured of them can be kept.
+    unsigned Revision() const { return FRevision; }
+    // Gives a hot key to every visible entry that has none, as far as there are letters left that no other entry has.
+    void RethinkHotkeys();
+
     // The item it stands in: a menu's root for a top-level entry; nil for a root and for one that stands nowhere.
     TMenuItem* Parent() const { return FParent; }
     // Position in the parent; -1 without one.
@@ -83,7 +88,10 @@ private:
     static ActionState StateOf(const TAction& action);
     void TakeOver(const ActionState& now, const ActionState* before);
 
+    void EntriesChanged();
+
     QList<TMenuItem*> FItems;
+    unsigned FRevision = 0;
     TMenuItem* FParent = nullptr;
     TMenu* FMenu = nullptr;
     QPointer<TAction> FAction;
@@ -96,3 +104,5 @@ private:
 
 // A caption without its hot key marks: "&&" stands for one "&".
 QString StripHotkey(const QString& caption);
+// The letter after the hot key mark, in lower case; null if there is none.
+QChar HotkeyOf(const QString& caption);

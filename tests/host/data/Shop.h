@@ -8,6 +8,7 @@
 #include "rtl/SysUtils.h"
 
 #include <QDir>
+#include <QFile>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>

@@ -266,3 +266,35 @@ TEST(TAction, TheUpdateHandlerDecidesBeforeItIsExecuted)
     EXPECT_TRUE(action.Execute());
     EXPECT_EQ(runs, 1);
 }
+
+TEST(TMenuItem, ItsRevisionChangesWithEveryEntry)
+{
+    TMenuItem root;
+    auto* entry = item(QStringLiteral("a"), &root);
+    auto before = root.Revision();
+    const auto changed = [&] { return std::exchange(before, root.Revision()) != root.Revision(); };
+    entry->SetCaption(QStringLiteral("b"));
+    EXPECT_TRUE(changed());
+    entry->SetShortCut(45);
+    EXPECT_TRUE(changed());
+    entry->SetChecked(true);
+    EXPECT_TRUE(changed());
+    entry->SetVisible(false);
+    EXPECT_TRUE(changed());
+    item(QStringLiteral("below"), entry);
+    EXPECT_TRUE(changed());
+    delete entry;
+    EXPECT_TRUE(changed());
+    EXPECT_FALSE(changed());
+}
+
+TEST(TMenuItem, GivesHotKeysToEntriesWithoutOne)
+{
+    TMenuItem root;
+    item(QStringLiteral("&Save"), &root);
+    item(QStringLiteral("Select"), &root);
+    item(QStringLiteral("-"), &root);
+    item(QStringLiteral("Es"), &root);
+    root.RethinkHotkeys();
+    EXPECT_EQ(captions(root), QStringList({ u"&Save"_qs, u"S&elect"_qs, u"-"_qs, u"Es"_qs }));
+}

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "config/MrvCfgIntf.h"
+#include "config/XmlTextReader.h"
 #include "rtl/TRegistry.h"
 #include "support/MrvConst.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include "support/PrintQt.h"
 
 #include <gtest/gtest.h>
 
@@ -66,7 +69,9 @@ protected:
         return ServiceOver(Configuration({}, vcl));
     }
 
-    QTemporaryDir Folder;
+    // In memory where the machine offers that: a save waits for its disk.
+    QTemporaryDir Folder { QDir(u"/dev/shm"_qs).exists() ? u"/dev/shm/morvane-XXXXXX"_qs
+                                                         : QDir::tempPath() + u"/morvane-XXXXXX"_qs };
     TRegistryStore Registry { Folder.filePath(u"registry.ini"_qs) };
 };
 
