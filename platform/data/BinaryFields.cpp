@@ -94,8 +94,12 @@ QString TBlobField::DisplayText() const
 TClass TMemoField::Class()
 {
     static TClassInfo info;
-    static const TClass made
-        = DescribedBlob<TMemoField>(info, QStringLiteral("TMemoField"), TBlobField::Class(), QStringLiteral("ftMemo"));
+    static const TClass made = TClassBuilder<TMemoField>(info, QStringLiteral("TMemoField"), TBlobField::Class())
+                                   .Unit(QStringLiteral("Data.DB"))
+                                   .Enumeration(QStringLiteral("BlobType"), FieldTypeInfo(), &TField::DataType,
+                                       &TBlobField::SetBlobType, QStringLiteral("ftMemo"))
+                                   .Stored(QStringLiteral("Transliterate"), BooleanType(), true)
+                                   .Made();
     return made;
 }
 
