@@ -17,7 +17,7 @@ bool FormProperty::isNamed(QStringView name) const
 
 FormValue FormProperty::value() const
 {
-    return FormValueReader(*m_owner->m_tree).read(*this);
+    return readFormValue(*m_owner->m_tree, *this);
 }
 
 QString FormNode::name() const
