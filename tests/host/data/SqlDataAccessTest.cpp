@@ -167,8 +167,13 @@ TEST_F(SqlDataAccessTest, AsksForALoginOnceAndOnlyForAServer)
 
 TEST_F(SqlDataAccessTest, WritesNothing)
 {
-    EXPECT_EQ(Failure([this] { NewQuery(QStringLiteral("delete from BOOK returning ID"))->Open(); }),
-        QStringLiteral("qryBooks: attempt to write a readonly database"));
+    EXPECT_EQ(Failure([this] { NewQuery(QStringLiteral("/* all */ delete from BOOK returning ID"))->Open(); }),
+        QStringLiteral("qryBooks: only statements that read are run at design time, and this one begins with DELETE"));
+    EXPECT_EQ(Failure([this] {
+        NewQuery(QStringLiteral("with A as (select 1) delete from BOOK returning ID"), QStringLiteral("qryGone"))
+            ->Open();
+    }),
+        QStringLiteral("qryGone: attempt to write a readonly database"));
     auto* query = NewQuery(QStringLiteral("select * from BOOK"), QStringLiteral("qryAll"));
     query->Open();
     EXPECT_EQ(query->RecordCount(), 2);
