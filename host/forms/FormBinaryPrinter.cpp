@@ -145,9 +145,7 @@ QByteArray FormBinaryPrinter::string(const FormValue& value) const
     case FormValue::StringWidth::Utf8:
         return longString(BinaryType::Utf8String, value.toString().toUtf8());
     default:
-        // Bytes from a form in another encoding would mean something else here.
-        return m_encoding.decode(value.narrowBytes()) == value.toString() ? narrow(value.narrowBytes())
-                                                                          : wide(BinaryType::WString, value.toString());
+        return narrow(value.narrowBytes());
     }
 }
 

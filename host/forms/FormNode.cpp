@@ -12,22 +12,17 @@ QString FormProperty::name() const
 
 bool FormProperty::isNamed(QStringView name) const
 {
-    return m_owner->m_tree->encoding.isSame(m_pieces.name, name);
+    return QString::compare(name, this->name(), Qt::CaseInsensitive) == 0;
 }
 
 FormValue FormProperty::value() const
 {
-    return readFormValue(*m_owner->m_tree, *this);
+    return FormValueReader(*m_owner->m_tree).read(*this);
 }
 
 QString FormNode::name() const
 {
     return m_tree->encoding.decode(m_header.name);
-}
-
-bool FormNode::isNamed(QStringView name) const
-{
-    return m_tree->encoding.isSame(m_header.name, name);
 }
 
 QString FormNode::className() const
@@ -50,7 +45,7 @@ FormProperty* FormNode::property(QStringView name) const
 FormNode* FormNode::child(QStringView name) const
 {
     for (auto* node : m_children)
-        if (node->isNamed(name))
+        if (QString::compare(name, node->name(), Qt::CaseInsensitive) == 0)
             return node;
     return nullptr;
 }

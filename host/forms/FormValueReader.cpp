@@ -3,6 +3,21 @@
 #include "forms/FormBinaryValue.h"
 #include "forms/FormTextValue.h"
 
+FormValueReader::FormValueReader(const FormTree& tree)
+    : m_tree(tree)
+{
+}
+
+FormValue FormValueReader::text(QByteArrayView spelling, const FormEncoding& encoding)
+{
+    return FormTextValue(spelling, encoding).read();
+}
+
+FormValue FormValueReader::binary(QByteArrayView bytes, const FormEncoding& encoding, bool doubles)
+{
+    return FormBinaryValue(bytes, encoding, doubles).read();
+}
+
 static FormItem itemOf(const FormNode& node)
 {
     FormItem item { node.index(), {} };
@@ -11,7 +26,7 @@ static FormItem itemOf(const FormNode& node)
     return item;
 }
 
-FormValue readFormValue(const FormTree& tree, const FormProperty& property)
+FormValue FormValueReader::read(const FormProperty& property) const
 {
     if (property.isCollection()) {
         QList<FormItem> items;
@@ -19,7 +34,7 @@ FormValue readFormValue(const FormTree& tree, const FormProperty& property)
             items << itemOf(*node);
         return FormValue::collection(items);
     }
-    if (tree.format == FormFormat::Text)
-        return FormTextValue(property.valueBytes(), tree.encoding).read();
-    return FormBinaryValue(property.valueBytes(), tree.encoding, tree.doubles).read();
+    if (m_tree.format == FormFormat::Text)
+        return text(property.valueBytes(), m_tree.encoding);
+    return binary(property.valueBytes(), m_tree.encoding, m_tree.doubles);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "menus/MrvMenus.h"
-#include "support/PrintQt.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -37,8 +36,6 @@ public:
     {
         QFont font(QStringLiteral("DejaVu Sans"));
         font.setPixelSize(12);
-        // Every pixel of a text has the text's colour.
-        font.setStyleStrategy(QFont::NoAntialias);
         return font;
     }
 

@@ -1,38 +1,35 @@
 #pragma once
 
-#include "config/MrvCfgIntf.h"
+#include "plugin/config/ConfigurationFixture.h"
 
 #include <QFile>
 #include <QStringList>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 // A log of the test's own, switched on. A line of the log is cut in its middle: what the tests compare is each line's
 // length, which is that of the whole text, and as much of the text as is there.
-class LogFixture : public testing::Test {
+class LogFixture : public ConfigurationFixture {
 protected:
     LogFixture()
-        : FOld(MrvConfigurationService)
     {
-        const auto service = New<TMrvConfigurationService>();
+        const auto service = Service();
         MrvConfigurationService = service;
         InterfacePtr<IMrvPreferences> preferences;
         service->GetPreferences(preferences);
         preferences->SetValueByName(u"DebugMode"_qs, u"True"_qs);
-        preferences->SetValueByName(u"DebugPath"_qs, Folder.path());
-        QFile file(FileName());
+        preferences->SetValueByName(u"DebugPath"_qs, Directory());
+        QFile file(LogName());
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     }
-    ~LogFixture() override { MrvConfigurationService = FOld; }
 
-    QString FileName() const { return Folder.filePath(u"Morvane_ErrorEvents.log"_qs); }
-    void ClearLog() const { QFile::resize(FileName(), 0); }
+    QString LogName() const { return Directory() + u"Morvane_ErrorEvents.log"_qs; }
+    void ClearLog() const { QFile::resize(LogName(), 0); }
 
     // Whether the log holds exactly these messages.
     testing::AssertionResult LogHolds(const QStringList& messages) const
     {
-        QFile file(FileName());
+        QFile file(LogName());
         if (!file.open(QIODevice::ReadOnly))
             return testing::AssertionFailure() << "no log";
         auto log = file.readAll();
@@ -51,6 +48,4 @@ protected:
 
 private:
     static constexpr qsizetype StampLength = 23;
-    QTemporaryDir Folder;
-    InterfacePtr<IMrvConfigurationService> FOld;
 };
