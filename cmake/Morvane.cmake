@@ -32,7 +32,9 @@ if(CMAKE_BUILD_TYPE STREQUAL "Debug")
   add_compile_options(-O0 -g1)
 endif()
 if(MORVANE_SANITIZE)
-  add_compile_options(-fsanitize=${MORVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  # Qt compares empty lists by memcmp of two null pointers and no bytes.
+  add_compile_options(-fsanitize=${MORVANE_SANITIZE} -fno-sanitize=nonnull-attribute -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${MORVANE_SANITIZE})
 endif()
 

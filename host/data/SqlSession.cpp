@@ -78,9 +78,22 @@ SqlText CallOf(const SqlDriver& driver, const TStatement& statement)
     return text;
 }
 
+// The first fence: not every system has a transaction that keeps from writing.
+void NeedReading(const QString& sql)
+{
+    static const auto reading
+        = QStringLiteral("SELECT WITH VALUES TABLE SHOW DESCRIBE DESC EXPLAIN PRAGMA").split(u' ');
+    const auto keyword = FirstKeyword(sql);
+    if (!keyword.isEmpty() && !reading.contains(keyword))
+        throw EDatabaseError(
+            QStringLiteral("only statements that read are run at design time, and this one begins with %1")
+                .arg(keyword));
+}
+
 SqlText SqlOf(const TStatement& statement)
 {
     const auto parsed = ParseStatement(statement.Text);
+    NeedReading(parsed.Text);
     SqlText text { parsed.Text, {} };
     for (const auto& name : parsed.Names)
         text.Values << ValueOf(statement.Parameters, name);

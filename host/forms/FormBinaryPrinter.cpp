@@ -145,7 +145,9 @@ QByteArray FormBinaryPrinter::string(const FormValue& value) const
     case FormValue::StringWidth::Utf8:
         return longString(BinaryType::Utf8String, value.toString().toUtf8());
     default:
-        return narrow(value.narrowBytes());
+        // Bytes from a form in another encoding would mean something else here.
+        return m_encoding.decode(value.narrowBytes()) == value.toString() ? narrow(value.narrowBytes())
+                                                                          : wide(BinaryType::WString, value.toString());
     }
 }
 

@@ -171,7 +171,10 @@ FormResult<QByteArray> FormConverter::toText(const FormDocument& form, const For
     if (const auto name = FormSayable::firstUnsayable(form.root()))
         return FormError { form.fileName(), 0, 0, 0,
             u"the name \"%1\" cannot be written in text; rename it, or leave the form binary"_s.arg(*name) };
-    TextForm made(style);
+    auto own = style;
+    own.encoding = form.encoding();
+    own.narrowBytes = true;
+    TextForm made(own);
     made.add(form.root(), {});
     return made.bytes;
 }

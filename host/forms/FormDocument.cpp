@@ -188,7 +188,7 @@ QStringList FormDocument::notes() const
 
 static FormNode* findBelow(FormNode& node, QStringView name)
 {
-    if (node.name().compare(name, Qt::CaseInsensitive) == 0)
+    if (node.isNamed(name))
         return &node;
     for (auto* child : node.children())
         if (auto* found = findBelow(*child, name))

@@ -26,7 +26,8 @@ struct FormReadOptions {
 // Owns its nodes, properties and the bytes of the file; all of them live as long as the document, at one address,
 // also after they were removed. Reading never throws; an edit cannot fail, except where its comment says so, and
 // changes only the bytes it is about. Works alike on text and binary forms. Every edit is kept in a journal: going
-// back to a position gives the bytes and the very objects of that time.
+// back to a position gives the bytes and the very objects of that time. Names that are given must be names (letters,
+// digits, _, parted by dots where that is meant); they are written as they come.
 class FormDocument {
 public:
     // Reads a form in text or in binary form (bare, or in the resource header of old files).

@@ -1,5 +1,6 @@
 #include "forms/FormEncoding.h"
 
+#include <QAnyStringView>
 #include <QStringDecoder>
 #include <QStringEncoder>
 #include <QUtf8StringView>
@@ -63,4 +64,11 @@ qsizetype FormEncoding::characters(QByteArrayView bytes) const
         return bytes.size();
     const auto text = decode(bytes);
     return std::count_if(text.begin(), text.end(), [](QChar c) { return !c.isLowSurrogate(); });
+}
+
+bool FormEncoding::isSame(QByteArrayView bytes, QStringView text) const
+{
+    if (isUtf8())
+        return QAnyStringView::compare(QUtf8StringView(bytes.data(), bytes.size()), text, Qt::CaseInsensitive) == 0;
+    return decode(bytes).compare(text, Qt::CaseInsensitive) == 0;
 }

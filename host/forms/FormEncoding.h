@@ -23,6 +23,8 @@ public:
     bool canEncode(QStringView text) const;
     qsizetype characters(QByteArrayView bytes) const; // how many characters (code points) the bytes make
 
+    bool isSame(QByteArrayView bytes, QStringView text) const; // case does not count
+
     bool operator==(const FormEncoding&) const = default;
 
 private:

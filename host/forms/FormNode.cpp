@@ -12,17 +12,22 @@ QString FormProperty::name() const
 
 bool FormProperty::isNamed(QStringView name) const
 {
-    return QString::compare(name, this->name(), Qt::CaseInsensitive) == 0;
+    return m_owner->m_tree->encoding.isSame(m_pieces.name, name);
 }
 
 FormValue FormProperty::value() const
 {
-    return FormValueReader(*m_owner->m_tree).read(*this);
+    return readFormValue(*m_owner->m_tree, *this);
 }
 
 QString FormNode::name() const
 {
     return m_tree->encoding.decode(m_header.name);
+}
+
+bool FormNode::isNamed(QStringView name) const
+{
+    return m_tree->encoding.isSame(m_header.name, name);
 }
 
 QString FormNode::className() const
@@ -45,7 +50,7 @@ FormProperty* FormNode::property(QStringView name) const
 FormNode* FormNode::child(QStringView name) const
 {
     for (auto* node : m_children)
-        if (QString::compare(name, node->name(), Qt::CaseInsensitive) == 0)
+        if (node->isNamed(name))
             return node;
     return nullptr;
 }

@@ -54,6 +54,7 @@ public:
 
     Kind kind() const { return m_kind; }
     QString name() const; // empty where the object has none, and of an item
+    bool isNamed(QStringView name) const; // case does not count
     QString className() const;
     std::optional<int> index() const { return m_header.index; } // the [n] behind the class or the item
 

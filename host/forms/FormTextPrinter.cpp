@@ -120,12 +120,12 @@ QByteArray FormTextPrinter::binary(const QByteArray& data, const QByteArray& ind
 QByteArray FormTextPrinter::string(const FormValue& value, const QByteArray& indent) const
 {
     const auto text = value.toString();
-    const bool narrow = value.stringWidth() == FormValue::StringWidth::Narrow;
-    if (text.isEmpty() && value.narrowBytes().isEmpty())
+    if (text.isEmpty())
         return "''";
-    if (narrow && (m_style.rawStrings || !isAscii(value.narrowBytes())))
-        return join(raw(value.narrowBytes()), indent);
-    if (!narrow && m_style.rawStrings && m_style.encoding.canEncode(text))
+    const auto bytes = value.narrowBytes();
+    if (!bytes.isEmpty() && m_style.narrowBytes && !isAscii(bytes) && m_style.encoding.decode(bytes) == text)
+        return join(raw(bytes), indent);
+    if (m_style.rawStrings && m_style.encoding.canEncode(text))
         return join(raw(m_style.encoding.encode(text)), indent);
     return join(escaped(text), indent);
 }

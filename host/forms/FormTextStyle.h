@@ -13,6 +13,7 @@ struct FormTextStyle {
     QByteArray step = QByteArrayLiteral("  "); // of indent a level
     FormEncoding encoding;
     bool rawStrings = false; // characters above 127 as they are, quotes doubled
+    bool narrowBytes = false; // the bytes of a narrow string as they are, also above 127
     bool breakStrings = true; // a long string goes on in the next line behind a +
     bool paddedReals = true; // 1.500000000000000000 rather than 1.5
     bool tightIndex = false; // TLabel[2] rather than TLabel [2]

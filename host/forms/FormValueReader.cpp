@@ -3,21 +3,6 @@
 #include "forms/FormBinaryValue.h"
 #include "forms/FormTextValue.h"
 
-FormValueReader::FormValueReader(const FormTree& tree)
-    : m_tree(tree)
-{
-}
-
-FormValue FormValueReader::text(QByteArrayView spelling, const FormEncoding& encoding)
-{
-    return FormTextValue(spelling, encoding).read();
-}
-
-FormValue FormValueReader::binary(QByteArrayView bytes, const FormEncoding& encoding, bool doubles)
-{
-    return FormBinaryValue(bytes, encoding, doubles).read();
-}
-
 static FormItem itemOf(const FormNode& node)
 {
     FormItem item { node.index(), {} };
@@ -26,7 +11,7 @@ static FormItem itemOf(const FormNode& node)
     return item;
 }
 
-FormValue FormValueReader::read(const FormProperty& property) const
+FormValue readFormValue(const FormTree& tree, const FormProperty& property)
 {
     if (property.isCollection()) {
         QList<FormItem> items;
@@ -34,7 +19,7 @@ FormValue FormValueReader::read(const FormProperty& property) const
             items << itemOf(*node);
         return FormValue::collection(items);
     }
-    if (m_tree.format == FormFormat::Text)
-        return text(property.valueBytes(), m_tree.encoding);
-    return binary(property.valueBytes(), m_tree.encoding, m_tree.doubles);
+    if (tree.format == FormFormat::Text)
+        return FormTextValue(property.valueBytes(), tree.encoding).read();
+    return FormBinaryValue(property.valueBytes(), tree.encoding, tree.doubles).read();
 }

@@ -34,6 +34,7 @@ const QStringList& PostgresTables()
             "create table book (id int not null, title varchar(40), price numeric(10,2), big numeric(30,6), "
             "issued date, sold timestamp, inprint boolean, blurb text, cover bytea, rate real, code char(5), "
             "many bigint, key uuid, doc jsonb)"),
+        QStringLiteral("create sequence if not exists numbers"),
         QStringLiteral("insert into book (id, title, price, issued, inprint) values "
                        "(1, 'Emma', 8.90, '1815-12-23', true), (2, 'Ulysses', 12.50, null, false)") };
     return statements;
@@ -46,6 +47,7 @@ const QStringList& MySqlTables()
             "create table book (id int not null, title varchar(40), price decimal(10,2), big decimal(30,6), "
             "issued date, sold datetime, inprint tinyint(1), blurb text, cover blob, rate float, code char(5), "
             "many bigint)"),
+        QStringLiteral("create or replace procedure empty_book() delete from book"),
         QStringLiteral("insert into book (id, title, price, issued, inprint) values "
                        "(1, 'Emma', 8.90, '1815-12-23', 1), (2, 'Ulysses', 12.50, null, 0)") };
     return statements;
@@ -92,8 +94,8 @@ TEST_F(PostgresTest, FindsATableByItsNameInAnyCase)
 TEST_F(PostgresTest, WritesNothing)
 {
     NEEDS_SERVER("MORVANE_TEST_POSTGRESQL", PostgresTables());
-    EXPECT_EQ(Failure([this] { NewQuery(QStringLiteral("delete from book returning id"))->Open(); }),
-        QStringLiteral("qryBooks: cannot execute DELETE in a read-only transaction"));
+    EXPECT_EQ(Failure([this] { NewQuery(QStringLiteral("select nextval('numbers')"))->Open(); }),
+        QStringLiteral("qryBooks: cannot execute nextval() in a read-only transaction"));
     EXPECT_EQ(Failure([this] { Described(QStringLiteral("select * from nothing")); }),
         QStringLiteral("relation \"nothing\" does not exist"));
 }
@@ -135,8 +137,11 @@ TEST_F(MySqlTest, BringsRowsInOrderAndStopsAtTheCap)
 TEST_F(MySqlTest, WritesNothing)
 {
     NEEDS_SERVER("MORVANE_TEST_MYSQL", MySqlTables());
-    EXPECT_EQ(Failure([this] { NewQuery(QStringLiteral("delete from book returning id"))->Open(); }),
-        QStringLiteral("qryBooks: Cannot execute statement in a READ ONLY transaction"));
+    TStatement procedure;
+    procedure.Kind = TStatement::Procedure;
+    procedure.Text = QStringLiteral("empty_book");
+    EXPECT_EQ(Failure([&] { Access.Query(*Connection, procedure, 10, {}); }),
+        QStringLiteral("Cannot execute statement in a READ ONLY transaction"));
     EXPECT_EQ(Failure([this] { Described(QStringLiteral("select * from nothing")); }),
         QStringLiteral("Table 'shop.nothing' doesn't exist"));
 }

@@ -125,10 +125,55 @@ TEST_F(SqlDataAccessTest, StopsAStatementThatRunsWhenTheUserNoLongerWantsIt)
     EXPECT_GT(asked, 3);
 }
 
+TEST_F(SqlDataAccessTest, LeavesADatasetClosedWhoseOpeningWasStopped)
+{
+    auto* query = NewQuery(QStringLiteral("select * from BOOK"));
+    SetQueryCancelled([] { return true; });
+    EXPECT_THROW(query->Open(), EAbort);
+    SetQueryCancelled({});
+    EXPECT_FALSE(query->Active());
+    EXPECT_EQ(query->FieldCount(), 0);
+}
+
+TEST_F(SqlDataAccessTest, AFieldMadeWhileTheDatasetIsOpenShowsItsValueAtOnce)
+{
+    auto* query = NewQuery(QStringLiteral("select * from BOOK order by ID"));
+    query->FieldDefs().Update();
+    query->Open();
+    TDSDesigner designer(query);
+    designer.BeginDesign();
+    auto* title = designer.DoCreateField(QStringLiteral("TITLE"), {});
+    designer.EndDesign();
+    EXPECT_TRUE(query->IsOpen());
+    EXPECT_EQ(query->FieldCount(), 1);
+    EXPECT_EQ(title->DisplayText(), QStringLiteral("Emma"));
+}
+
+TEST_F(SqlDataAccessTest, AsksForALoginOnceAndOnlyForAServer)
+{
+    int asked = 0;
+    Access.SetLogin([&asked](const TCustomZAConnection&, TConnectionParameters&) { return ++asked, false; });
+    Connection->Open();
+    EXPECT_EQ(asked, 0);
+    Connection->Close();
+    SetStrProp(Connection, QStringLiteral("ProviderName"), QStringLiteral("PostgreSQL"));
+    EXPECT_THROW(Connection->Open(), EAbort);
+    EXPECT_EQ(asked, 1);
+    SetPropValue(Connection, QStringLiteral("LoginPrompt"), false);
+    SetStrProp(Connection, QStringLiteral("Server"), QStringLiteral("nowhere.invalid"));
+    EXPECT_THROW(Connection->Open(), EDatabaseError);
+    EXPECT_EQ(asked, 1);
+}
+
 TEST_F(SqlDataAccessTest, WritesNothing)
 {
-    EXPECT_EQ(Failure([this] { NewQuery(QStringLiteral("delete from BOOK returning ID"))->Open(); }),
-        QStringLiteral("qryBooks: attempt to write a readonly database"));
+    EXPECT_EQ(Failure([this] { NewQuery(QStringLiteral("/* all */ delete from BOOK returning ID"))->Open(); }),
+        QStringLiteral("qryBooks: only statements that read are run at design time, and this one begins with DELETE"));
+    EXPECT_EQ(Failure([this] {
+        NewQuery(QStringLiteral("with A as (select 1) delete from BOOK returning ID"), QStringLiteral("qryGone"))
+            ->Open();
+    }),
+        QStringLiteral("qryGone: attempt to write a readonly database"));
     auto* query = NewQuery(QStringLiteral("select * from BOOK"), QStringLiteral("qryAll"));
     query->Open();
     EXPECT_EQ(query->RecordCount(), 2);

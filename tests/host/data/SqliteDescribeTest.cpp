@@ -72,6 +72,8 @@ TEST_F(SqliteDescribe, TellsWhatIsWrongInItsOwnWords)
     EXPECT_EQ(Failure([this] { Described(QStringLiteral("select * form BOOK")); }),
         QStringLiteral("near \"form\": syntax error"));
     EXPECT_EQ(Failure([this] { Described(QStringLiteral("delete from BOOK")); }),
+        QStringLiteral("only statements that read are run at design time, and this one begins with DELETE"));
+    EXPECT_EQ(Failure([this] { Described(QStringLiteral("pragma query_only = 1")); }),
         QStringLiteral("the statement gives no rows"));
     EXPECT_EQ(Failure([this] { Described(QStringLiteral("select 1; select 2")); }),
         QStringLiteral("there is more than one statement"));

@@ -122,6 +122,20 @@ TEST(FormEdit, WritesRawCharactersWhereTheFileHasThem)
         "  Zoom = 1.5\nend\n");
 }
 
+TEST(FormEdit, WritesAStringFromAFormInAnotherEncodingInTheHandOfThisOne)
+{
+    const auto value = readForm("object A: TA\n  Caption = 'Gr\xFC\xDF'\nend\n")->root().property(u"Caption")->value();
+    const auto plain = readForm("object A: TA\nend\n");
+    plain->setProperty(plain->root(), u"p"_s, value);
+    EXPECT_EQ(text(*plain), "object A: TA\n  p = 'Gr'#252#223\nend\n");
+    const auto raw = readForm("object A: TA\n  x = 'Op\xC3\xA7\xC3\xA3o'\nend\n");
+    raw->setProperty(raw->root(), u"p"_s, value);
+    EXPECT_EQ(text(*raw), "object A: TA\n  x = 'Op\xC3\xA7\xC3\xA3o'\n  p = 'Gr\xC3\xBC\xC3\x9F'\nend\n");
+    const auto binary = readForm("TPF0" + binaryObject("TA", "A", "\1x\6\2\xC3\xA7"));
+    binary->setProperty(binary->root(), u"p"_s, value);
+    EXPECT_EQ(binary->root().property(u"p")->value(), value);
+}
+
 TEST(FormEdit, KeepsTabsAndTheStepOfTheFile)
 {
     const auto form = readForm("object A: TA\n\tCaption\t= 'x'\n\tobject B: TB\n\t\tLeft = 1\n\tend\nend");

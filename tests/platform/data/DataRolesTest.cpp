@@ -49,7 +49,7 @@ TEST_F(DataRolesTest, AClassOfACatalogueHoldsItsConnectionInItsOwnProperty)
     EXPECT_EQ(Connection->DataSets(), QList<TDataSet*>({ static_cast<TDataSet*>(query) }));
     SetObjectProp(query, QStringLiteral("DataBase"), nullptr);
     EXPECT_EQ(query->GetConnection(), nullptr);
-    EXPECT_EQ(Connection->DataSets(), QList<TDataSet*>());
+    EXPECT_TRUE(Connection->DataSets().isEmpty());
 }
 
 TEST_F(DataRolesTest, AClassTakesWhatItLeavesOpenFromItsParents)

@@ -2,6 +2,7 @@
 
 #include "classes/Forms.h"
 #include "data/DataClasses.h"
+#include "data/DataRoles.h"
 #include "data/TCustomZAConnection.h"
 #include "data/TDataLink.h"
 #include "data/TDataSource.h"
@@ -157,6 +158,25 @@ TEST_F(TDataSetTest, BringsDefinitionsThatAChangeOfTheStatementMakesOutOfDate)
     Query->FieldDefs().Update();
     SetPropValue(Connection, QStringLiteral("Database"), QStringLiteral("other.db"));
     EXPECT_FALSE(Query->FieldDefs().Updated());
+}
+
+TEST_F(TDataSetTest, OfAnotherLibraryHasTheFieldTypesOfThatLibrary)
+{
+    auto info = std::make_unique<TClassInfo>();
+    info->Name = QStringLiteral("TWideQuery");
+    info->Parent = TZAQuery::Class();
+    const auto aClass = DefineClass(std::move(info));
+    TDataSetRoles roles;
+    roles.FieldTypes = { { QStringLiteral("ftString"), QStringLiteral("ftWideString") } };
+    SetDataSetRoles(aClass, roles);
+    auto* query = static_cast<TZAQuery*>(aClass.Create(&Module));
+    query->SetConnection(Connection);
+    query->SQL().SetText(QStringLiteral("select * from BOOK"));
+    query->FieldDefs().Update();
+    EXPECT_EQ(query->FieldDefs().Items(0)->DataType(), ftInteger);
+    EXPECT_EQ(query->FieldDefs().Items(1)->DataType(), ftWideString);
+    query->Open();
+    EXPECT_EQ(query->Fields()[1]->ClassName(), QStringLiteral("TWideStringField"));
 }
 
 TEST_F(TDataSetTest, WithoutAConnectionSaysSoWhenItIsOpened)

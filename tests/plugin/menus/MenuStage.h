@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menus/MrvMenus.h"
+#include "support/PrintQt.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -36,6 +37,8 @@ public:
     {
         QFont font(QStringLiteral("DejaVu Sans"));
         font.setPixelSize(12);
+        // Every pixel of a text has the text's colour.
+        font.setStyleStrategy(QFont::NoAntialias);
         return font;
     }
 
