@@ -83,6 +83,7 @@ void Designer::Modified()
 {
     if (!FForm)
         return;
+    FSite.Undo().EndRun();
     FSite.NotifyModified();
     TellModified();
 }

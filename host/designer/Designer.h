@@ -65,7 +65,7 @@ public:
     void Reparent(TComponent& component, TComponent& parent);
     // A component that somebody else made for the form (a field made by a dataset) is complete and has its name. Called
     // by the hook; harmless for one that is known.
-    void Adopt(TComponent& component);
+    void Adopt(TComponent& component, TComponent* fileParent = nullptr);
     // Somebody else deletes a component of the form: told like any deletion, before it goes.
     void Release(TComponent& component);
 
@@ -98,10 +98,10 @@ private:
     TClass ClassForForm(TClass componentClass) const;
     void CheckParent(const TComponent& parent) const;
     TComponent* MakeComponent(TClass aClass, TComponent* parent, const QRect& place);
+    void MakeCompanions(TComponent& component);
     void Place(TComponent& component, const QRect& place);
     void Declare(TComponent& component);
     void Undeclare(const QString& name);
-    void Use(const QString& unitName);
     void Report(const Failure& failure);
 
     // Telling. Each keeps what it tells of alive or stops when it is gone.

@@ -73,6 +73,8 @@ TComponent* Designer::CreateComponent(
         auto* made = MakeComponent(ClassForForm(componentClass), holder, { left, top, width, height });
         const WeakRef<TComponent> kept(made);
         Adopt(*made);
+        if (kept)
+            MakeCompanions(*made);
         return kept.get();
     } catch (...) {
         gesture.Rollback();
@@ -146,13 +148,40 @@ void Designer::Place(TComponent& component, const QRect& place)
     control->SetBounds({ left, top, width, height });
 }
 
-void Designer::Adopt(TComponent& component)
+// A grid's view and level and the like, which are made with the grid and stand within it in the file.
+void Designer::MakeCompanions(TComponent& component)
+{
+    const WeakRef<TComponent> kept(&component);
+    QList<std::pair<TComponent*, CreatedComponent>> made;
+    for (const auto& companion : FSite.CreatedWith(component.ClassType())) {
+        const auto aClass = FormClasses::Known(companion.ClassName, FSite.ClassGroup());
+        if (!aClass || aClass.IsAbstract() || !kept)
+            continue;
+        const Quiet quiet(*this);
+        auto* created = dynamic_cast<TComponent*>(aClass.Create(Root()));
+        created->SetComponentState(csDesigning);
+        created->SetName(Format(companion.Name, { component.Name() }));
+        made << std::pair(created, companion);
+    }
+    for (const auto& [created, companion] : std::as_const(made)) {
+        const Quiet quiet(*this);
+        for (auto reference = companion.References.cbegin(); reference != companion.References.cend(); ++reference)
+            if (GetPropInfo(created, reference.key()))
+                SetObjectProp(created, reference.key(), GetComponent(Format(reference.value(), { component.Name() })));
+    }
+    for (const auto& [created, companion] : std::as_const(made))
+        Adopt(*created, &component);
+    if (kept && !made.isEmpty())
+        Select({ &component });
+}
+
+void Designer::Adopt(TComponent& component, TComponent* fileParent)
 {
     if (FForm->NodeOf(&component) || !Root())
         return;
     UndoStack::Gesture gesture(FSite.Undo(), QStringLiteral("Add ") + BaseName(component.ClassName()));
     component.SetComponentState(component.ComponentState() | csDesigning);
-    FForm->AddNode(component);
+    FForm->AddNode(component, fileParent);
     Declare(component);
     const WeakRef<TComponent> kept(&component);
     TellInserted(component);
@@ -170,15 +199,8 @@ void Designer::Declare(TComponent& component)
         return;
     FSite.WillEdit();
     Report(unit->AddField(RootClassName(), { component.Name(), component.ClassName() }));
-    Use(component.ClassType().UnitName());
-    for (const auto& further : FSite.UnitsNeededBy(component.ClassType()))
-        Use(further);
-}
-
-void Designer::Use(const QString& unitName)
-{
-    if (!unitName.isEmpty())
-        Report(FSite.Unit()->UseInInterface(UnitReference::FromName(unitName)));
+    for (const auto& needed : FSite.UnitsNeededBy(component.ClassType()))
+        Report(unit->UseInInterface(needed));
 }
 
 void Designer::Undeclare(const QString& name)
@@ -200,6 +222,10 @@ void Designer::CollectForDeletion(TComponent& component, QList<TComponent*>& fou
     for (auto* other : component.Owner() ? component.Owner()->Components() : QList<TComponent*>())
         if (other->GetParentComponent() == &component)
             CollectForDeletion(*other, found);
+    const auto* node = FForm->NodeOf(&component);
+    for (const auto* inner : node ? node->children() : std::span<FormNode* const>())
+        if (auto* nested = FForm->ComponentOf(inner); nested && nested->Owner() == component.Owner())
+            CollectForDeletion(*nested, found);
     if (!found.contains(&component))
         found << &component;
 }

@@ -39,7 +39,7 @@ void Designer::PropertyChanged(TPersistent* instance, const QString& property)
     const bool isAdopted = component->HasState(csAncestor) || FForm->NodeOf(component) || component == Root();
     if (!isAdopted)
         return;
-    UndoStack::Gesture gesture(FSite.Undo(), QStringLiteral("Change ") + property);
+    UndoStack::Gesture gesture(FSite.Undo(), QStringLiteral("Change ") + property, component);
     if (DataKinds::IsField(*component) && SameText(property, u"Index"))
         FForm->OrderNode(*component, Siblings(*component));
     else

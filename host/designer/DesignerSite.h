@@ -1,6 +1,7 @@
 #pragma once
 
 #include "designer/FormClassSource.h"
+#include "packages/Catalogue.h"
 #include "toolsapi/OTANotifiers.h"
 #include "units/SourceUnit.h"
 
@@ -38,6 +39,8 @@ public:
     virtual void NotifyModified() = 0;
     // Brings the form to the front.
     virtual void Activate() = 0;
-    // Further units that a component of that class needs, beside its own.
-    virtual QStringList UnitsNeededBy(TClass aClass) = 0;
+    // The units that a component of that class needs.
+    virtual QList<UnitReference> UnitsNeededBy(TClass aClass) = 0;
+    // What is made with a component of that class.
+    virtual QList<CreatedComponent> CreatedWith(TClass aClass) = 0;
 };

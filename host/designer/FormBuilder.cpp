@@ -107,6 +107,9 @@ void FormBuilder::ReadProperties(const FormNode& node, TComponent& component, TC
 {
     for (const auto* property : node.properties())
         FormProperties::Read(component, *property, scope, FLinks);
+    if (auto* control = dynamic_cast<TControl*>(&component))
+        if (const auto* places = FSource.GeometryOf(component.ClassType()))
+            FormProperties::ReadBounds(*control, node, *places);
 }
 
 TComponent* FormBuilder::Child(FormNode& node, TComponent& parent, TComponent& owner, Layer layer)

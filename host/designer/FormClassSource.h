@@ -2,6 +2,7 @@
 
 #include "files/Problem.h"
 #include "forms/FormDocument.h"
+#include "packages/Catalogue.h"
 
 // What a form needs to know of the project it stands in: the forms and frames that it is built on.
 class FormClassSource {
@@ -12,6 +13,8 @@ public:
     virtual QString AncestorOf(const QString& className) = 0;
     // The class group of the project ("VCL", "FMX", "LCL").
     virtual QString ClassGroup() const = 0;
+    // The property paths of position and size of that class's controls, where they are not Left, Top, Width, Height.
+    virtual const GeometryPlaces* GeometryOf(TClass aClass) const = 0;
 
 protected:
     ~FormClassSource() = default;

@@ -84,6 +84,16 @@ void Read(TPersistent& instance, const FormProperty& property, TComponent& scope
             FormValues::ToVariant(value, place.Info ? &place.Info->PropType : nullptr));
 }
 
+void ReadBounds(TControl& control, const FormNode& node, const GeometryPlaces& places)
+{
+    const auto at = [&node](const QString& path, int otherwise) {
+        const auto* line = node.property(path);
+        return line ? qRound(double(line->value().toReal())) : otherwise;
+    };
+    control.SetBounds({ at(places.Left, control.Left()), at(places.Top, control.Top()),
+        at(places.Width, control.Width()), at(places.Height, control.Height()) });
+}
+
 void Reset(TPersistent& instance, const QString& path)
 {
     const auto place = Find(instance, path);

@@ -2,6 +2,9 @@
 
 #include "designer/FormLinks.h"
 #include "forms/FormNode.h"
+#include "packages/Catalogue.h"
+
+class TControl;
 
 // Published properties as a form file names them: a path of names ("Font.Height", "SQL.Strings", "Left").
 namespace FormProperties {
@@ -17,6 +20,9 @@ Place Find(TPersistent& instance, const QString& path);
 // Gives the object the value that the file has. References become links. A value that the object does not take stays
 // with the file alone.
 void Read(TPersistent& instance, const FormProperty& property, TComponent& scope, FormLinks& links);
+
+// Position and size from other places than Left, Top, Width and Height; what the node does not say stays.
+void ReadBounds(TControl& control, const FormNode& node, const GeometryPlaces& places);
 
 // Gives the property the value it has when the file says nothing of it.
 void Reset(TPersistent& instance, const QString& path);

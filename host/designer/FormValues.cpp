@@ -4,6 +4,21 @@ namespace FormValues {
 
 namespace {
 
+const IntegerNames*& TheNames()
+{
+    static const IntegerNames* names = nullptr;
+    return names;
+}
+
+QVariant Whole(const FormValue& value, const TTypeInfo& type)
+{
+    if (value.kind() == FormValue::Kind::Identifier && TheNames())
+        if (const auto number = TheNames()->IdentToInt(type.Name, value.toString()))
+            return *number;
+    return value.kind() == FormValue::Kind::Integer ? QVariant(qlonglong(value.toInteger()))
+                                                    : QVariant(value.toString());
+}
+
 QVariant Natural(const FormValue& value)
 {
     switch (value.kind()) {
@@ -29,10 +44,13 @@ QVariant Enumerated(const FormValue& value, const TTypeInfo& type)
     return Natural(value);
 }
 
-FormValue Number(const QVariant& value)
+FormValue Number(const QVariant& value, const TTypeInfo& type)
 {
     bool isNumber = false;
     const auto number = value.toLongLong(&isNumber);
+    const auto name = isNumber && TheNames() ? TheNames()->IntToIdent(type.Name, number) : QString();
+    if (!name.isEmpty())
+        return FormValue::identifier(name);
     return isNumber ? FormValue::integer(number) : FormValue::identifier(value.toString());
 }
 
@@ -55,11 +73,19 @@ FormValue ByNature(const QVariant& value)
 
 }
 
+void SetIntegerNames(const IntegerNames* names)
+{
+    TheNames() = names;
+}
+
 QVariant ToVariant(const FormValue& value, const TTypeInfo* type)
 {
     if (!type)
         return Natural(value);
     switch (type->Kind) {
+    case tkInteger:
+    case tkInt64:
+        return Whole(value, *type);
     case tkEnumeration:
         return Enumerated(value, *type);
     case tkFloat:
@@ -77,7 +103,7 @@ FormValue ToFormValue(const QVariant& value, const TTypeInfo& type)
     switch (type.Kind) {
     case tkInteger:
     case tkInt64:
-        return Number(value);
+        return Number(value, type);
     case tkEnumeration:
         return value.typeId() == QMetaType::Bool ? FormValue::boolean(value.toBool())
                                                  : FormValue::identifier(value.toString());

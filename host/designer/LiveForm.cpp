@@ -123,17 +123,46 @@ FormNode& LiveForm::NeedNode(TComponent& component)
     return made;
 }
 
-void LiveForm::AddNode(TComponent& component)
+namespace {
+
+// Whether a property that no default is known of is written for a component that was just made: its place, and what is
+// not as it would be with nobody's doing.
+bool BelongsToNew(const TComponent& component, const TPropInfo& property)
+{
+    for (const auto* place : { "Left", "Top", "Width", "Height" })
+        if (property.Name == QLatin1String(place))
+            return true;
+    const auto value = property.Get(&component);
+    switch (property.PropType.Kind) {
+    case tkInteger:
+    case tkInt64:
+    case tkFloat:
+        return value.toDouble() != 0;
+    case tkEnumeration:
+        return value.typeId() == QMetaType::Bool ? value.toBool()
+                                                 : value.toString() != property.PropType.EnumNames.value(0);
+    default:
+        return true;
+    }
+}
+
+}
+
+void LiveForm::AddNode(TComponent& component, TComponent* fileParent)
 {
     OnEdit();
-    auto& parent = ParentNode(component);
+    auto& parent = fileParent ? NeedNode(*fileParent) : ParentNode(component);
     const auto kind = component.HasState(csInline) ? FormNode::Kind::Inline : FormNode::Kind::Object;
     auto& node = FDocument->addChild(parent, kind, component.ClassName(), component.Name());
     Bind(node, component);
     Touch(node, {});
+    const auto set = component.StoredValueNames();
     for (const auto* property : GetPropList(component.ClassType(), {}, false))
-        WriteProperty(component, property->Name, nullptr);
-    if (!GetPropInfo(&component, QStringLiteral("Left"))) {
+        if (property->Default.isValid() || property->IsSubObject || set.contains(property->Name)
+            || BelongsToNew(component, *property))
+            WriteProperty(component, property->Name, nullptr);
+    const bool isPlaced = !fileParent && !component.GetParentComponent();
+    if (isPlaced && !GetPropInfo(&component, QStringLiteral("Left"))) {
         WriteProperty(component, QStringLiteral("Left"), nullptr);
         WriteProperty(component, QStringLiteral("Top"), nullptr);
     }

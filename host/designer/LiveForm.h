@@ -46,7 +46,8 @@ public:
     // The property has a new value. `inherited` is the value that holds when the file says nothing, of a component that
     // comes from an ancestor; nil for others.
     void WriteProperty(TPersistent& instance, const QString& property, const TPersistent* inherited);
-    void AddNode(TComponent& component);
+    // `fileParent` is the component that the file nests it under where that is not its parent; nil for the parent.
+    void AddNode(TComponent& component, TComponent* fileParent = nullptr);
     void RemoveNode(TComponent& component);
     void RenameNode(TComponent& component);
     // Every line that refers to a component of the form by its name takes the new one.

@@ -1,3 +1,4 @@
+#include "classes/Controls.h"
 #include "designer/FormProperties.h"
 #include "designer/FormValues.h"
 #include "designer/LiveForm.h"
@@ -151,6 +152,21 @@ void LiveForm::WriteStrings(const TStrings& strings, FormNode& node, const QStri
         Remove(node, path);
 }
 
+namespace {
+
+QString PlaceOf(const GeometryPlaces& places, const QString& name)
+{
+    const std::pair<QLatin1String, QString> table[]
+        = { { QLatin1String("Left"), places.Left }, { QLatin1String("Top"), places.Top },
+              { QLatin1String("Width"), places.Width }, { QLatin1String("Height"), places.Height } };
+    for (const auto& [property, place] : table)
+        if (name.compare(property, Qt::CaseInsensitive) == 0)
+            return place;
+    return {};
+}
+
+}
+
 void LiveForm::WriteValue(TPersistent& instance, const TPropInfo* info, const QString& name, FormNode& node,
     const QString& path, const TPersistent* inherited)
 {
@@ -160,6 +176,12 @@ void LiveForm::WriteValue(TPersistent& instance, const TPropInfo* info, const QS
         Write(node, path, FormValue::integer(place));
         return;
     }
+    if (const auto* control = dynamic_cast<TControl*>(&instance))
+        if (const auto* places = FSource.GeometryOf(control->ClassType()))
+            if (const auto there = PlaceOf(*places, name); !there.isEmpty()) {
+                Write(node, there, FormValue::real(info->Get(&instance).toDouble()));
+                return;
+            }
     if (!info) {
         const auto value = instance.StoredValue(name);
         const auto* there = node.property(path);
@@ -172,6 +194,8 @@ void LiveForm::WriteValue(TPersistent& instance, const TPropInfo* info, const QS
                        : FormValues::ToFormValue(value, TTypeInfo { tkUnknown, {}, {} }));
         return;
     }
+    if (info->IsStored && !info->IsStored(&instance))
+        return;
     const auto value = info->Get(&instance);
     const bool isDefault = inherited ? IsInherited(*inherited, *info, value)
         : IsSaidElsewhere(instance)  ? false

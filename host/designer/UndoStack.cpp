@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
-UndoStack::Gesture::Gesture(UndoStack& stack, const QString& title)
+UndoStack::Gesture::Gesture(UndoStack& stack, const QString& title, const void* subject)
     : FStack(stack)
 {
-    FStack.FOpen.push_back({ title, {} });
+    FStack.FOpen.push_back({ title, subject, {} });
 }
 
 UndoStack::Gesture::~Gesture()
@@ -26,7 +26,7 @@ void UndoStack::Gesture::Rollback()
     if (!FOpen)
         return;
     auto step = std::move(FStack.FOpen.back());
-    FStack.FOpen.back() = { step.Title, {} };
+    FStack.FOpen.back() = { step.Title, nullptr, {} };
     FStack.Restore(step, &Change::Before);
     End();
 }
@@ -69,8 +69,25 @@ void UndoStack::Close()
     std::erase_if(step.Changes, [](const Change& change) { return change.Before == change.After; });
     if (step.Changes.empty())
         return;
-    FDone.push_back(std::move(step));
     FUndone.clear();
+    const auto* subject = step.Subject;
+    if (subject && subject == FRun && !FDone.empty())
+        Append(step);
+    else
+        FDone.push_back(std::move(step));
+    FRun = subject;
+}
+
+void UndoStack::Append(Step& step)
+{
+    auto& last = FDone.back();
+    for (auto& change : step.Changes)
+        if (auto* known = ChangeOf(last, *change.Part)) {
+            known->After = change.After;
+            known->Touches += change.Touches;
+        } else {
+            last.Changes.push_back(std::move(change));
+        }
 }
 
 void UndoStack::Restore(Step& step, UndoState Change::*state)
@@ -84,6 +101,7 @@ void UndoStack::Restore(Step& step, UndoState Change::*state)
 void UndoStack::Forget(UndoPart& part)
 {
     const auto holds = [&part](Step& step) { return ChangeOf(step, part) != nullptr; };
+    EndRun();
     std::erase_if(FDone, holds);
     std::erase_if(FUndone, holds);
     for (auto& step : FOpen)
@@ -94,6 +112,7 @@ bool UndoStack::Undo()
 {
     if (!CanUndo())
         return false;
+    EndRun();
     auto step = std::move(FDone.back());
     FDone.pop_back();
     Restore(step, &Change::Before);
@@ -105,6 +124,7 @@ bool UndoStack::Redo()
 {
     if (!CanRedo())
         return false;
+    EndRun();
     auto step = std::move(FUndone.back());
     FUndone.pop_back();
     Restore(step, &Change::After);
@@ -114,6 +134,7 @@ bool UndoStack::Redo()
 
 void UndoStack::Clear()
 {
+    EndRun();
     FDone.clear();
     FUndone.clear();
 }

@@ -42,7 +42,9 @@ class UndoStack {
 public:
     class Gesture {
     public:
-        Gesture(UndoStack& stack, const QString& title);
+        // Gestures of one subject (a component whose properties change one after the other) that follow each other
+        // are one, until EndRun.
+        Gesture(UndoStack& stack, const QString& title, const void* subject = nullptr);
         Gesture(const Gesture&) = delete;
         Gesture& operator=(const Gesture&) = delete;
         ~Gesture();
@@ -58,6 +60,8 @@ public:
     // Called before each edit of a part.
     void Touch(UndoPart& part);
     void Note(UndoPart& part, const FormTouch& touch);
+    // What comes next is no part of the gesture before.
+    void EndRun() { FRun = nullptr; }
     // The part goes: what it was in cannot be undone any more.
     void Forget(UndoPart& part);
 
@@ -83,14 +87,18 @@ private:
     };
     struct Step {
         QString Title;
+        const void* Subject = nullptr;
         std::vector<Change> Changes;
     };
     static Change* ChangeOf(Step& step, const UndoPart& part);
     void Restore(Step& step, UndoState Change::*state);
     void Close();
+    void Append(Step& step);
 
     std::vector<Step> FOpen;
     std::vector<Step> FDone;
     std::vector<Step> FUndone;
+    // The subject of the last gesture; nil when nothing may be added to it.
+    const void* FRun = nullptr;
     bool FRestoring = false;
 };

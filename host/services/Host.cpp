@@ -1,6 +1,9 @@
 #include "services/Host.h"
 
+#include "design/DataControls.h"
 #include "designer/Designer.h"
+#include "designer/FormValues.h"
+#include "packages/PackageList.h"
 #include "rtl/TRegistry.h"
 #include "rtl/TTimer.h"
 #include "services/ComponentEditors.h"
@@ -9,6 +12,7 @@
 #include "services/IdeServices.h"
 #include "services/Module.h"
 #include "services/PackageLibrary.h"
+#include "services/PackageServices.h"
 #include "services/Project.h"
 
 Host::Host(HostParts parts)
@@ -29,6 +33,16 @@ Host::Host(HostParts parts)
     BorlandIDEServices = static_cast<IOTAServices*>(FServices);
     SetDesignHost(FDesigns.get());
     SetWizardRegistrar([this](const InterfacePtr<IOTAWizard>& wizard) { FWizards << wizard; });
+    if (FParts.Packages) {
+        FPackageServices = MakeFacade<PackageServices>(*FParts.Packages);
+        FormValues::SetIntegerNames(FPackageServices);
+        AddService(static_cast<IOTAPackageServices*>(FPackageServices));
+    }
+    AddPackageVerbs();
+    RegisterFieldControl(QStringLiteral("TField"), QStringLiteral("TDBEdit"));
+    RegisterFieldControl(QStringLiteral("TBooleanField"), QStringLiteral("TDBCheckBox"));
+    RegisterFieldControl(QStringLiteral("TMemoField"), QStringLiteral("TDBMemo"));
+    RegisterFieldControl(QStringLiteral("TGraphicField"), QStringLiteral("TDBImage"));
 }
 
 Host::~Host()
@@ -39,6 +53,9 @@ Host::~Host()
     FWizards.clear();
     Notifiers.Destroy();
     FServices->Close();
+    FormValues::SetIntegerNames(nullptr);
+    if (FPackageServices)
+        FPackageServices->Close();
     SetWizardRegistrar({});
     SetDesignHost(nullptr);
     BorlandIDEServices.Clear();
@@ -141,4 +158,24 @@ void Host::ModuleChanged(Module&)
 bool Host::IsModified() const
 {
     return std::any_of(FModules.begin(), FModules.end(), [](Module* module) { return module->IsModified(); });
+}
+
+QList<UnitReference> Host::UnitsNeededBy(TClass aClass) const
+{
+    const auto known = FParts.Packages ? FParts.Packages->Info(aClass).Units : QList<UnitReference>();
+    if (!known.isEmpty() || aClass.UnitName().isEmpty())
+        return known;
+    return { UnitReference::FromName(aClass.UnitName()) };
+}
+
+const GeometryPlaces* Host::GeometryOf(TClass aClass) const
+{
+    if (!FParts.Packages)
+        return nullptr;
+    auto known = FGeometry.find(aClass);
+    if (known == FGeometry.end()) {
+        const auto places = FParts.Packages->Info(aClass).Geometry;
+        known = FGeometry.insert(aClass, places.Left.isEmpty() ? std::nullopt : std::optional(places));
+    }
+    return *known ? &**known : nullptr;
 }

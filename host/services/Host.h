@@ -2,6 +2,7 @@
 
 #include "designer/UndoStack.h"
 #include "files/Problem.h"
+#include "packages/ComponentInfo.h"
 #include "projects/ProjectDescription.h"
 #include "rtl/Dialogs.h"
 #include "rtl/Guard.h"
@@ -19,6 +20,8 @@ class IClock;
 class IdeServices;
 class Module;
 class PackageLibrary;
+class PackageList;
+class PackageServices;
 class Project;
 class TDragObject;
 class TMainMenu;
@@ -32,6 +35,8 @@ struct HostParts {
     IClock* Clock = nullptr;
     TRegistryStore* Registry = nullptr;
     TMainMenu* MainMenu = nullptr;
+    // The installed packages, loaded.
+    PackageList* Packages = nullptr;
     // Hears of everything that is wrong in a user's file; also kept in Host::Reported.
     std::function<void(const Problem&)> OnProblem;
     // Another module, or none, is in front; a module changed or was saved; the list of modules or projects changed.
@@ -130,9 +135,10 @@ public:
         QImage AboutImage;
     };
     QList<ProductInfo> Products;
-    // Further units that a component of that class needs; set by whoever knows the packages.
-    std::function<QStringList(TClass)> UnitsOfClass;
-    QStringList UnitsNeededBy(TClass aClass) const { return UnitsOfClass ? UnitsOfClass(aClass) : QStringList(); }
+    // The units that a component of that class needs: what the catalogues say, else the class's own.
+    QList<UnitReference> UnitsNeededBy(TClass aClass) const;
+    // Where position and size of that class's controls stand; nil for the ordinary place.
+    const GeometryPlaces* GeometryOf(TClass aClass) const;
 
     NotifierList<IOTAIDENotifier> Notifiers;
     // Tells the listeners; gives whether one of them cancelled.
@@ -142,6 +148,7 @@ public:
 private:
     friend class IdeServices;
     void OpenProjects(const ProjectGroupDescription& group, const QString& activeProject);
+    void AddPackageVerbs();
     void OpenDesktop(Project& project);
     void Activate(Project* project);
     void AnnounceAgain();
@@ -157,6 +164,8 @@ private:
     std::unique_ptr<UndoStack> FUndo;
     std::unique_ptr<ComponentEditors> FEditors;
     std::unique_ptr<HostDesigns> FDesigns;
+    PackageServices* FPackageServices = nullptr;
+    mutable QHash<TClass, std::optional<GeometryPlaces>> FGeometry;
     IdeServices* FServices;
     QList<Project*> FProjects;
     Project* FActive = nullptr;

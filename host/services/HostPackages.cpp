@@ -1,6 +1,8 @@
 #include "classes/Controls.h"
+#include "designer/DataKinds.h"
 #include "designer/Designer.h"
 #include "rtl/TClassBuilder.h"
+#include "services/ComponentEditors.h"
 #include "services/Host.h"
 #include "services/PackageLibrary.h"
 
@@ -58,6 +60,26 @@ void Host::UnloadPackage(const QString& fileName)
     FWizards.removeIf([&package](const InterfacePtr<IOTAWizard>& wizard) { return package->IsOfThis(wizard.get()); });
     package->Finalize();
     package->Sweep(*this);
+}
+
+// The verbs that a package's exports stand for, while a package has them.
+void Host::AddPackageVerbs()
+{
+    const std::pair<QString, const char*> verbs[] = { { QStringLiteral("Show in Morvane"), "ShowMorvane" },
+        { QStringLiteral("Create default control"), "CreateDefaultControl" } };
+    for (const auto& [caption, name] : verbs) {
+        const auto offers = [this, name = name](const TComponent& component) {
+            return PackageExport(name) && (DataKinds::IsDataComponent(component) || DataKinds::IsField(component));
+        };
+        const auto execute = [this, name = name](TComponent& component, const InterfacePtr<IDesigner>&) {
+            using Function = void (*)(const char16_t*, const char16_t*);
+            const auto form = component.Owner() ? component.Owner()->Name() : QString();
+            const auto own = component.Name();
+            if (const auto run = reinterpret_cast<Function>(PackageExport(name)))
+                run(reinterpret_cast<const char16_t*>(form.utf16()), reinterpret_cast<const char16_t*>(own.utf16()));
+        };
+        FEditors->RegisterForAll(offers, { caption, execute, {} });
+    }
 }
 
 QFunctionPointer Host::PackageExport(const char* name) const

@@ -1,5 +1,6 @@
 #include "services/Module.h"
 
+#include "packages/PackageList.h"
 #include "rtl/SysUtils.h"
 #include "services/Facades.h"
 #include "services/Host.h"
@@ -281,9 +282,20 @@ void Module::Activate()
     BringToFront(View::Form);
 }
 
-QStringList Module::UnitsNeededBy(TClass aClass)
+QList<UnitReference> Module::UnitsNeededBy(TClass aClass)
 {
     return FHost.UnitsNeededBy(aClass);
+}
+
+QList<CreatedComponent> Module::CreatedWith(TClass aClass)
+{
+    const auto* packages = FHost.Parts().Packages;
+    return packages ? packages->Info(aClass).Creates : QList<CreatedComponent>();
+}
+
+const GeometryPlaces* Module::GeometryOf(TClass aClass) const
+{
+    return FHost.GeometryOf(aClass);
 }
 
 void Module::Rename(const QString& unitFile, const QString& formFile)

@@ -75,7 +75,9 @@ public:
     void NotifyRenamed(TOTAHandle component, const QString& oldName, const QString& newName) override;
     void NotifyModified() override;
     void Activate() override;
-    QStringList UnitsNeededBy(TClass aClass) override;
+    QList<UnitReference> UnitsNeededBy(TClass aClass) override;
+    QList<CreatedComponent> CreatedWith(TClass aClass) override;
+    const GeometryPlaces* GeometryOf(TClass aClass) const override;
 
 private:
     void LoadForm(Problems& problems);

@@ -136,8 +136,8 @@ void SetClassProp(TPersistent* instance, const QString& name, TClass propertyCla
     const auto* property = GetPropInfo(instance, name);
     if (!property || property->PropType.Kind != tkClass || !property->Set)
         return;
-    const auto declared = GetClass(property->PropType.Name);
-    if (declared ? propertyClass.InheritsFrom(declared) : propertyClass.InheritsFromNamed(property->PropType.Name))
+    // By name: a catalogue may have put a class of the same name over the platform's.
+    if (propertyClass.InheritsFromNamed(property->PropType.Name))
         SetObjectProp(instance, name, value);
 }
 

@@ -203,12 +203,24 @@ std::string HostRecorder::Take()
     return text;
 }
 
+// The catalogues are read once for all tests of the program.
+PackageList& HostFixture::Packages()
+{
+    static auto* const packages = [] {
+        RegisterStandardClasses();
+        RegisterDataClasses();
+        auto* made = new PackageList;
+        for (const auto& problem : made->Load(QStringLiteral(MORVANE_SOURCE_DIR "/packages")))
+            ADD_FAILURE() << problem.ToString().toStdString();
+        return made;
+    }();
+    return *packages;
+}
+
 HostFixture::HostFixture()
     : Registry(Folder.filePath(QStringLiteral("registry.ini")))
     , ToolsMenu(new TMenuItem)
 {
-    RegisterStandardClasses();
-    RegisterDataClasses();
     ToolsMenu->SetName(QStringLiteral("ToolsMenu"));
     ToolsMenu->SetCaption(QStringLiteral("Tools"));
     Menu.Items().Add(ToolsMenu);
@@ -220,6 +232,7 @@ HostFixture::HostFixture()
     parts.Exceptions = [this](const Exception& exception) { Exceptions << exception.Message(); };
     parts.Registry = &Registry;
     parts.MainMenu = &Menu;
+    parts.Packages = &Packages();
     TheHost = std::make_unique<Host>(parts);
 }
 

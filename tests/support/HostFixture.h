@@ -1,6 +1,7 @@
 #pragma once
 
 #include "designer/Designer.h"
+#include "packages/PackageList.h"
 #include "rtl/TRegistry.h"
 #include "rtl/TTimer.h"
 #include "services/Host.h"
@@ -53,6 +54,8 @@ protected:
     HostFixture();
     ~HostFixture() override;
 
+    // The catalogues of the repository.
+    static PackageList& Packages();
     // Opens the scripted project; the test fails when it cannot be opened.
     void Open(ScriptedProject& project);
     // The open form of that name; the test stops when there is none.

@@ -1,0 +1,176 @@
+#include "classes/Controls.h"
+#include "data/TDataSet.h"
+#include "data/TField.h"
+#include "support/HostFixture.h"
+
+namespace {
+
+class InheritedForms : public HostFixture {
+protected:
+    HostRecorder Recorder { *TheHost };
+    ScriptedProject Shop;
+
+    void OpenShop()
+    {
+        Shop.Form(u"BaseForm"_qs,
+            u"object Panel: TPanel\nLeft = 0\nTop = 0\nWidth = 300\nHeight = 40\n"
+            "object Caption: TLabel\nLeft = 8\nTop = 8\nWidth = 60\nHeight = 15\nCaption = 'Base'\nend\nend\n"
+            "object Query: TZAQuery\nLeft = 8\nTop = 64\nSQL.Strings = (\n'select 1')\nend"_qs);
+        Shop.InheritedForm(u"OrdersForm"_qs, u"BaseForm"_qs,
+            u"inherited Panel: TPanel\nHeight = 60\nobject Close: TButton\nLeft = 200\nTop = 8\nWidth = 75\nHeight = "
+            "25\nCaption = 'Close'\nend\nend"_qs);
+        Open(Shop);
+        Recorder.Take();
+    }
+};
+
+}
+
+TEST_F(InheritedForms, OpenTheirAncestorFirst)
+{
+    Shop.Form(u"MainForm"_qs).Form(u"BaseForm"_qs).InheritedForm(u"OrdersForm"_qs, u"BaseForm"_qs);
+    Shop.KeepClosed(u"BaseForm"_qs).KeepClosed(u"OrdersForm"_qs);
+    Open(Shop);
+    Recorder.Take();
+    TheHost->OpenModuleFile(Shop.UnitOf(u"OrdersForm"_qs));
+    EXPECT_EQ(Recorder.Take(),
+        "opened BaseForm\n"
+        "file ofnFileOpened BaseFormUnit.pas\n"
+        "opened OrdersForm\n"
+        "file ofnFileOpened OrdersFormUnit.pas\n");
+    EXPECT_EQ(DesignerOf(u"OrdersForm"_qs).GetAncestorDesigner()->GetRoot(), Component(u"BaseForm"_qs));
+}
+
+TEST_F(InheritedForms, HaveTheAncestorsComponentsWithTheirOwnValuesOverThem)
+{
+    OpenShop();
+    auto* panel = dynamic_cast<TControl*>(Component(u"OrdersForm.Panel"_qs));
+    ASSERT_NE(panel, nullptr);
+    EXPECT_EQ(panel->Height(), 60);
+    EXPECT_EQ(panel->Width(), 300);
+    EXPECT_EQ(panel->ComponentState(), csDesigning | csAncestor);
+    EXPECT_EQ(GetStrProp(Component(u"OrdersForm.Caption"_qs), u"Caption"_qs), u"Base"_qs);
+    EXPECT_EQ(dynamic_cast<TControl*>(Component(u"OrdersForm.Caption"_qs))->Parent(), panel);
+    EXPECT_EQ(Component(u"OrdersForm.Close"_qs)->ComponentState(), TComponentState(csDesigning));
+    EXPECT_EQ(dynamic_cast<TStrings*>(GetObjectProp(Component(u"OrdersForm.Query"_qs), u"SQL"_qs))->Lines(),
+        QStringList({ u"select 1"_qs }));
+    EXPECT_FALSE(TheHost->IsModified());
+    EXPECT_EQ(Problems(), "");
+}
+
+TEST_F(InheritedForms, FollowAChangeOfTheAncestorUnlessTheySayOtherwise)
+{
+    OpenShop();
+    const auto orders = FormText(u"OrdersForm"_qs);
+    SetStrProp(Component(u"BaseForm.Caption"_qs), u"Caption"_qs, u"New"_qs);
+    dynamic_cast<TControl*>(Component(u"BaseForm.Panel"_qs))->SetBounds({ 0, 0, 400, 50 });
+    EXPECT_EQ(GetStrProp(Component(u"OrdersForm.Caption"_qs), u"Caption"_qs), u"New"_qs);
+    EXPECT_EQ(dynamic_cast<TControl*>(Component(u"OrdersForm.Panel"_qs))->Bounds(), QRect(0, 0, 400, 60));
+    EXPECT_EQ(FormText(u"OrdersForm"_qs), orders);
+    TheHost->Undo().Undo();
+    EXPECT_EQ(dynamic_cast<TControl*>(Component(u"OrdersForm.Panel"_qs))->Bounds(), QRect(0, 0, 300, 60));
+}
+
+TEST_F(InheritedForms, SayOnlyWhatDiffersFromTheAncestor)
+{
+    OpenShop();
+    const auto orders = FormText(u"OrdersForm"_qs);
+    SetStrProp(Component(u"OrdersForm.Caption"_qs), u"Hint"_qs, u"Orders"_qs);
+    EXPECT_EQ(
+        LineDifference(orders, FormText(u"OrdersForm"_qs)), "+inherited Caption: TLabel\n+Hint = 'Orders'\n+end\n");
+    TheHost->Undo().Undo();
+    EXPECT_EQ(FormText(u"OrdersForm"_qs), orders);
+    EXPECT_EQ(GetStrProp(Component(u"OrdersForm.Caption"_qs), u"Hint"_qs), QString());
+}
+
+TEST_F(InheritedForms, GetWhatIsInsertedInTheAncestorAfterIt)
+{
+    OpenShop();
+    DesignerOf(u"BaseForm"_qs).CreateComponent(GetClass(u"TZAQuery"_qs), nullptr, 8, 8, 0, 0);
+    EXPECT_EQ(Recorder.Take(),
+        "renamed BaseFormUnit.dfm '' -> ZAQuery1\n"
+        "inserted BaseForm.ZAQuery1\n"
+        "selection BaseForm: ZAQuery1\n"
+        "modified BaseForm\n"
+        "renamed OrdersFormUnit.dfm '' -> ZAQuery1\n"
+        "inserted OrdersForm.ZAQuery1\n"
+        "modified OrdersForm\n");
+    EXPECT_EQ(Component(u"OrdersForm.ZAQuery1"_qs)->ComponentState(), csDesigning | csAncestor);
+    EXPECT_FALSE(FormOf(u"OrdersForm"_qs).IsModified());
+}
+
+TEST_F(InheritedForms, LoseWhatIsDeletedInTheAncestor)
+{
+    OpenShop();
+    const auto orders = FormText(u"OrdersForm"_qs);
+    DesignerOf(u"BaseForm"_qs).DeleteComponents({ Component(u"BaseForm.Query"_qs) });
+    EXPECT_EQ(Component(u"OrdersForm.Query"_qs), nullptr);
+    TheHost->Undo().Undo();
+    EXPECT_NE(Component(u"OrdersForm.Query"_qs), nullptr);
+    EXPECT_EQ(FormText(u"OrdersForm"_qs), orders);
+}
+
+TEST_F(InheritedForms, TakeARenameOfTheAncestorIntoTheirFile)
+{
+    OpenShop();
+    const auto orders = FormText(u"OrdersForm"_qs);
+    DesignerOf(u"BaseForm"_qs).RenameComponent(*Component(u"BaseForm.Panel"_qs), u"Header"_qs);
+    EXPECT_EQ(Recorder.Take(),
+        "renamed BaseFormUnit.dfm Panel -> Header\n"
+        "selection BaseForm: Header\n"
+        "modified BaseForm\n"
+        "renamed OrdersFormUnit.dfm Panel -> Header\n"
+        "modified OrdersForm\n");
+    EXPECT_EQ(
+        LineDifference(orders, FormText(u"OrdersForm"_qs)), "-inherited Panel: TPanel\n+inherited Header: TPanel\n");
+    TheHost->Undo().Undo();
+    EXPECT_EQ(FormText(u"OrdersForm"_qs), orders);
+    EXPECT_NE(Component(u"OrdersForm.Panel"_qs), nullptr);
+}
+
+TEST_F(InheritedForms, DoNotDeleteOrRenameWhatComesFromTheAncestor)
+{
+    OpenShop();
+    auto& orders = DesignerOf(u"OrdersForm"_qs);
+    EXPECT_THROW(orders.DeleteComponents({ Component(u"OrdersForm.Query"_qs) }), EInvalidOperation);
+    EXPECT_THROW(orders.RenameComponent(*Component(u"OrdersForm.Query"_qs), u"Other"_qs), EComponentError);
+    EXPECT_EQ(Recorder.Take(), "");
+}
+
+TEST_F(InheritedForms, TellWhenTheAncestorIsNotInTheProject)
+{
+    Shop.Form(u"MainForm"_qs)
+        .InheritedForm(u"OrdersForm"_qs, u"Missing"_qs, u"inherited Panel: TPanel\nLeft = 1\nend"_qs);
+    Open(Shop);
+    EXPECT_EQ(Problems(),
+        "OrdersFormUnit.dfm:1:1: TMissing, which the form inherits from, is no form of the project\n"
+        "OrdersFormUnit.dfm:2:3: Panel is inherited, but the ancestor has no such component\n");
+    EXPECT_NE(Component(u"OrdersForm.Panel"_qs), nullptr);
+    EXPECT_FALSE(TheHost->IsModified());
+}
+
+TEST_F(InheritedForms, AFrameOwnsItsInnerComponents)
+{
+    Shop.Form(u"MainForm"_qs,
+        u"inline Search1: TSearch\nLeft = 10\nTop = 20\nWidth = 200\nHeight = 50\n"
+        "inherited Text: TEdit\nWidth = 150\nend\nend"_qs);
+    Shop.Frame(u"Search"_qs,
+        u"object Text: TEdit\nLeft = 4\nTop = 4\nWidth = 100\nHeight = 23\nend\n"
+        "object Query: TZAQuery\nLeft = 4\nTop = 30\nend"_qs);
+    Open(Shop);
+    auto* frame = Component(u"MainForm.Search1"_qs);
+    ASSERT_NE(frame, nullptr);
+    EXPECT_TRUE(frame->HasState(csInline));
+    EXPECT_EQ(Component(u"MainForm.Text"_qs), nullptr);
+    auto* text = dynamic_cast<TControl*>(frame->FindComponent(u"Text"_qs));
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->Bounds(), QRect(4, 4, 150, 23));
+    EXPECT_EQ(frame->FindComponent(u"Query"_qs)->Owner(), frame);
+    EXPECT_EQ(Problems(), "");
+    EXPECT_THROW(
+        DesignerOf(u"MainForm"_qs).CreateComponent(GetClass(u"TEdit"_qs), frame, 0, 0, 0, 0), EInvalidOperation);
+    EXPECT_FALSE(TheHost->IsModified());
+    const auto form = FormText(u"MainForm"_qs);
+    text->SetLeft(40);
+    EXPECT_EQ(LineDifference(form, FormText(u"MainForm"_qs)), "+Left = 40\n");
+}
