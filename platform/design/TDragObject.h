@@ -1,5 +1,7 @@
 #pragma once
 
+#include "visual/TCursor.h"
+
 #include <QMimeData>
 #include <QPointer>
 #include <QString>
@@ -8,8 +10,6 @@ class QObject;
 class TPersistent;
 
 enum TDragState { dsDragEnter, dsDragLeave, dsDragMove };
-// Cursor numbers of the platform.
-enum TCursor { crNoDrop = -13, crDrag = -12 };
 
 // What is being dragged. Made by the source of the drag, who owns it; designers find their drag target by ClassName.
 class TDragObject {
@@ -21,7 +21,7 @@ public:
     virtual QString ClassName() const = 0;
     // The drag is over; `accepted` says whether it was dropped on something that took it.
     virtual void Finished(QObject* target, int x, int y, bool accepted);
-    // The cursor to show at that screen position.
+    // The cursor (a TCursor) to show at that screen position.
     virtual int GetDragCursor(bool accepted, int x, int y);
 };
 

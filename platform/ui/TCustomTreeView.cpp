@@ -192,6 +192,8 @@ void TCustomTreeView::UpdatesHeld(bool held)
 
 void TCustomTreeView::NodeDeletion(TTreeNode*) { }
 
+void TCustomTreeView::NodeTextChanged(TTreeNode*, const QString&) { }
+
 TNodeFont TCustomTreeView::NodeFont(const TTreeNode*) const
 {
     return {};
@@ -209,6 +211,11 @@ void TCustomTreeView::contextMenuEvent(QContextMenuEvent* event)
     AtEventBorder([&] { DoContextPopup(event->pos(), handled); });
     // What is not handled goes on to the form, which shows its own menu.
     event->setAccepted(handled);
+}
+
+QString TCustomTreeView::NodeKind(const TTreeNode*) const
+{
+    return {};
 }
 
 TDragObject* TCustomTreeView::StartDragObject()

@@ -44,6 +44,12 @@ public:
     // The node whose row is at that point of the client area, or nil.
     TTreeNode* GetNodeAt(int x, int y) const;
 
+    // The program's own word for what the node is; empty where it has none.
+    virtual QString NodeKind(const TTreeNode* node) const;
+    // The mouse moved away with what is selected. Gives the object to drag, or nil to let it be; may raise EAbort. It
+    // stays its maker's.
+    virtual TDragObject* StartDragObject();
+
     // A context menu is asked for; `handled` set to true keeps the form's own menu away.
     std::function<void(QPoint position, bool& handled)> OnContextPopup;
 
@@ -53,8 +59,6 @@ protected:
     // The base asks OnContextPopup.
     virtual void DoContextPopup(QPoint position, bool& handled);
     virtual TNodeFont NodeFont(const TTreeNode* node) const;
-    // The mouse moved away with a node. Gives the object to drag, or nil to let it be. It stays its maker's.
-    virtual TDragObject* StartDragObject();
     // Runs the drag to its end; behind a virtual for platforms on which it returns at once.
     virtual Qt::DropAction ExecDrag(QDrag* drag);
     virtual bool DragOver(TDragObject* source, QPoint position);
@@ -75,6 +79,7 @@ protected:
     QRect NodeRect(const TTreeNode* node, bool textOnly) const override;
     void UpdatesHeld(bool held) override;
     void NodeDeletion(TTreeNode* node) override;
+    void NodeTextChanged(TTreeNode* node, const QString& oldText) override;
 
 private:
     friend class NodeDelegate;

@@ -2,6 +2,8 @@
 
 #include "visual/TTreeNodes.h"
 
+#include <utility>
+
 TTreeNode::TTreeNode(TTreeNodes* owner, TTreeNode* parent)
     : FOwner(owner)
     , FParent(parent)
@@ -14,8 +16,8 @@ void TTreeNode::SetText(const QString& text)
 {
     if (text == FText)
         return;
-    FText = text;
-    FOwner->TextChanged(this);
+    const auto oldText = std::exchange(FText, text);
+    FOwner->TextChanged(this, oldText);
 }
 
 void TTreeNode::SetImageIndex(int index)

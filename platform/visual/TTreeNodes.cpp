@@ -154,9 +154,11 @@ void TTreeNodes::NeedSort(TTreeNode* node)
     Touch(node);
 }
 
-void TTreeNodes::TextChanged(TTreeNode* node)
+void TTreeNodes::TextChanged(TTreeNode* node, const QString& oldText)
 {
     Touch(node->FParent);
+    if (FView)
+        FView->NodeTextChanged(node, oldText);
     if (FResetting)
         return;
     const auto place = IndexOf(node);

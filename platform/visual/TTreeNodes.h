@@ -23,6 +23,8 @@ public:
     virtual void UpdatesHeld(bool held) = 0;
     // Before a node goes, with what is below it.
     virtual void NodeDeletion(TTreeNode* node) = 0;
+    // A node has a new caption; also while nothing is drawn.
+    virtual void NodeTextChanged(TTreeNode* node, const QString& oldText) = 0;
 
 protected:
     ~ITreeNodesView() = default;
@@ -89,7 +91,7 @@ private:
     void Remove(TTreeNode* node);
     void RemoveChildren(TTreeNode* node);
     void Move(TTreeNode* node, TTreeNode* parent, int position);
-    void TextChanged(TTreeNode* node);
+    void TextChanged(TTreeNode* node, const QString& oldText);
     void SortChildren(TTreeNode* node, const Compare& compare);
     void Touch(TTreeNode* parent);
     bool Resetting() const { return FResetting; }

@@ -19,3 +19,8 @@ std::unique_ptr<TfmDataPreview> MakeDataPreview()
 {
     return TheMaker() ? TheMaker()() : nullptr;
 }
+
+bool HasDataPreview()
+{
+    return bool(TheMaker());
+}

@@ -21,3 +21,5 @@ public:
 using TDataPreviewMaker = std::function<std::unique_ptr<TfmDataPreview>()>;
 void SetDataPreviewMaker(TDataPreviewMaker maker);
 std::unique_ptr<TfmDataPreview> MakeDataPreview();
+// Whether previews can be shown.
+bool HasDataPreview();

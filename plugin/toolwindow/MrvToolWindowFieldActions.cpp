@@ -1,0 +1,157 @@
+#include "design/DataControls.h"
+#include "rtl/Dialogs.h"
+#include "rtl/Guard.h"
+#include "support/MrvConst.h"
+#include "toolwindow/MrvToolWindow.h"
+#include "toolwindow/MrvToolWindowIntf.h"
+
+using namespace MrvToolWindow;
+
+namespace {
+
+constexpr std::intptr_t NewFieldTag = 1;
+constexpr std::intptr_t AddAllFieldsTag = 2;
+
+// The dataset that a field, a definition or a child wrapper belongs to.
+InterfacePtr<IMrvDataSetAttr> OwnerOf(const InterfacePtr<IMrvCustomComponentAttr>& attr)
+{
+    InterfacePtr<IMrvCustomComponentAttr> owner;
+    attr->IntfGetOwner(owner);
+    return InterfaceCast<IMrvDataSetAttr>(owner);
+}
+
+InterfacePtr<IMrvDataSetAttr> DataSetOf(const TTreeNode* node)
+{
+    return InterfaceCast<IMrvDataSetAttr>(TMrvTreeView::NodeAttr(node));
+}
+
+}
+
+void TMrvToolWindow::acCreateFieldExecute()
+{
+    FNeedSelectNode = true;
+    InterfacePtr<IMrvFieldAttr> field;
+    CreateFieldComponent(field);
+}
+
+void TMrvToolWindow::CreateFieldComponent(InterfacePtr<IMrvFieldAttr>& field)
+{
+    field = nullptr;
+    if (TMrvTreeView::NodeType(FDataSetView->GetSelectedNode()) != ndtFieldDef)
+        return;
+    FDataSetView->FEnabledMoveButton = false;
+    const EventsOff mute(GetDataSetList(), deSelectionChanged);
+    FDataSetView->Items().BeginUpdate();
+    const Finally restore([this] {
+        if (FDataSetView->isVisible())
+            FDataSetView->setFocus();
+        FDataSetView->Items().EndUpdate();
+        FDataSetView->FEnabledMoveButton = true;
+        FDataSetView->ButtonMoveTo(FDataSetView->GetSelectedNode());
+    });
+    // Creating fields changes the tree: what is selected is collected first.
+    QList<InterfacePtr<IMrvCustomComponentAttr>> attrs;
+    for (int i = 0; i < FDataSetView->SelectionCount(); ++i)
+        if (TMrvTreeView::NodeType(FDataSetView->Selections(i)) == ndtFieldDef)
+            attrs << TMrvTreeView::NodeAttr(FDataSetView->Selections(i));
+    for (const auto& attr : attrs) {
+        const auto dataSet = OwnerOf(attr);
+        if (!dataSet->AllowCreateField())
+            break;
+        int controlIndex = 0;
+        attr->IntfGetCtrlIndex(controlIndex);
+        dataSet->IntfCreateFieldComponent(DisplayName(InterfaceCast<IMrvFieldDefAttr>(attr), true), field);
+        if (!field)
+            Abort();
+        const auto created = InterfaceCast<IMrvCustomComponentAttr>(field);
+        created->IntfSetCtrlIndex(controlIndex);
+        SetNodeImage(created);
+    }
+}
+
+void TMrvToolWindow::acDeleteFieldExecute()
+{
+    QList<int> indexes;
+    for (int i = 0; i < FDataSetView->SelectionCount(); ++i)
+        if (TMrvTreeView::NodeType(FDataSetView->Selections(i)) == ndtField)
+            indexes << FDataSetView->Selections(i)->AbsoluteIndex();
+    if (indexes.isEmpty())
+        return;
+    std::sort(indexes.begin(), indexes.end());
+    const EventsOff mute(GetDataSetList(), deSelectionChanged);
+    TTreeNode* dataSetNode = nullptr;
+    TTreeNode* next = nullptr;
+    {
+        const UpdateScope update(FDataSetView->Items());
+        FDataSetView->ClearSelection(false);
+        SelectComponent();
+        for (auto index = indexes.crbegin(); index != indexes.crend(); ++index)
+            next = DeleteFieldAt(*index, dataSetNode);
+    }
+    auto* fieldsNode = FDataSetView->FindChildNodeByName(dataSetNode, sFields);
+    const auto dataSet = DataSetOf(dataSetNode);
+    if (dataSet->IntfGetFieldCount() == 0)
+        SelectNode(fieldsNode && fieldsNode->HasChildren() ? fieldsNode->GetFirstChild() : next);
+    else
+        SelectNode(next ? next : dataSetNode);
+    SelectComponent();
+    FDataSetView->setFocus();
+}
+
+// Deletes the field of the node there, and gives the node to select next.
+TTreeNode* TMrvToolWindow::DeleteFieldAt(int absoluteIndex, TTreeNode*& dataSetNode)
+{
+    constexpr int Refused = 1;
+    auto* node = FDataSetView->Items().Item(absoluteIndex);
+    Assert(node != nullptr, QStringLiteral("MrvToolWindow"));
+    auto* fieldsNode = node->Parent();
+    dataSetNode = fieldsNode->Parent();
+    const auto attr = TMrvTreeView::NodeAttr(node);
+    const int place = node->Index();
+    if (OwnerOf(attr)->IntfDeleteFieldComponent(ComponentName(attr, false)) == Refused) {
+        MessageDlg(SCantDeleteAncestor(), mtError, mbOK);
+        return node;
+    }
+    fieldsNode = FDataSetView->FindChildNodeByName(dataSetNode, sFields);
+    if (!fieldsNode || !fieldsNode->HasChildren())
+        return dataSetNode;
+    auto* following = fieldsNode->Item(place);
+    return following ? following : fieldsNode->GetLastChild();
+}
+
+void TMrvToolWindow::AddOrCreateField(std::intptr_t tag)
+{
+    auto* node = FDataSetView->GetSelectedNode();
+    auto* dataSetNode = node;
+    while (dataSetNode && TMrvTreeView::NodeType(dataSetNode) != ndtDataSet)
+        dataSetNode = dataSetNode->Parent();
+    const bool isFields = node && node->Text() == QString(sFields) && TMrvTreeView::NodeType(node) == ndtBlank;
+    const auto type = TMrvTreeView::NodeType(node);
+    if (!dataSetNode || !(isFields || type == ndtField || type == ndtFieldDef || type == ndtDataSet))
+        return;
+    Assert(tag == NewFieldTag || tag == AddAllFieldsTag, QStringLiteral("MrvToolWindow"));
+    const auto dataSet = DataSetOf(dataSetNode);
+    // The field dialog is modal: nothing is held while it is open.
+    if (tag == NewFieldTag) {
+        dataSet->IntfCreateNewField();
+    } else {
+        const UpdateScope update(FDataSetView->Items());
+        FDataSetView->FEnabledMoveButton = false;
+        const Finally enable([this] { FDataSetView->FEnabledMoveButton = true; });
+        dataSet->IntfAddAllFields();
+        auto* fieldsNode = FDataSetView->FindChildNodeByName(dataSetNode, sFields);
+        if (fieldsNode && fieldsNode->HasChildren())
+            SelectNode(fieldsNode->GetLastChild());
+    }
+    FDataSetView->ButtonMoveTo(FDataSetView->GetSelectedNode());
+    SelectComponent();
+}
+
+void TMrvToolWindow::acDescribeFieldsExecute()
+{
+    auto* node = FDataSetView->GetSelectedNode();
+    if (node && TMrvTreeView::NodeType(node) == ndtBlank && node->Text() == QString(sFields))
+        node = node->Parent();
+    if (const auto dataSet = DataSetOf(node))
+        dataSet->ForceUpdateFieldDefs();
+}
