@@ -159,9 +159,9 @@ void TCustomMenuItemPainter::PreparePaint(TMenuItem* item, const TRect&, TMenuOw
     FItem = item;
     FState = state;
     FParentMenu = item == nullptr ? nullptr : item->GetParentMenu();
-    UpdateFieldsFromMenu();
     TakeGlyph();
     TakeImageIndex();
+    UpdateFieldsFromMenu();
 }
 
 void TCustomMenuItemPainter::TakeImageIndex()

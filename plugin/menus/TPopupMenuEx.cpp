@@ -132,10 +132,11 @@ void TPopupMenuEx::SetStyle(TMenuStyle style)
     if (style == FStyle)
         return;
     FStyle = style;
-    if (style != msItemPainter) {
-        FItemPainter = nullptr;
-        CreateStylePainter();
-    }
+    if (style != msItemPainter)
+        SetItemPainter(nullptr);
+    // Also in the style msItemPainter: until a painter is assigned the menu is painted as a standard one, whatever it
+    // was before.
+    CreateStylePainter();
     Refresh();
 }
 

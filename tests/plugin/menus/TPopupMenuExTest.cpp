@@ -59,7 +59,7 @@ TEST(PopupMenuEx, EachStyleHasItsPainter)
     }
     EXPECT_EQ(painters,
         QList<QByteArray>({ "TStandardMenuItemPainter", "TOwnerDrawMenuItemPainter", "TBtnMenuItemPainter",
-            "TBtnMenuItemPainter", "TOfficeMenuItemPainter", "TXPMenuItemPainter", "TXPMenuItemPainter" }));
+            "TBtnMenuItemPainter", "TOfficeMenuItemPainter", "TXPMenuItemPainter", "TStandardMenuItemPainter" }));
 }
 
 TEST(PopupMenuEx, ADifferentPainterIsUsedInTheStyleForItAlone)
@@ -82,6 +82,22 @@ TEST(PopupMenuEx, WithoutAPainterOfTheProgramItPaintsAsAStandardMenu)
     for (const auto state : { TMenuOwnerDrawState(), TMenuOwnerDrawState(mdSelected) })
         EXPECT_EQ(own.paint(own.add(QStringLiteral("Cut")), { 50, 20 }, state),
             standard.paint(standard.add(QStringLiteral("Cut")), { 50, 20 }, state));
+}
+
+TEST(PopupMenuEx, TheFrameOfAnOpenMenuRunsThroughToItsEdge)
+{
+    MenuStage stage(msXP);
+    stage.add(QStringLiteral("Cut"));
+    auto* second = stage.add(QStringLiteral("Go"));
+    stage.menu.Popup(10, 10);
+    const auto edge
+        = [&] { return stage.menu.grab().toImage().pixelColor(1, stage.menu.actionGeometry(second).top()); };
+    EXPECT_EQ(edge(), QColor(216, 216, 209));
+    stage.menu.setActiveAction(second);
+    EXPECT_EQ(edge(), QColor(10, 36, 106));
+    stage.menu.setActiveAction(stage.menu.Items().Items(0));
+    EXPECT_EQ(edge(), QColor(216, 216, 209));
+    stage.menu.close();
 }
 
 TEST(PopupMenuEx, LetsGoOfAPainterThatIsDeleted)
