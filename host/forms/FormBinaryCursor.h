@@ -68,6 +68,24 @@ public:
         return value;
     }
 
+    // A whole number of the type; 0 of a type that is none.
+    qint64 integer(BinaryType type)
+    {
+        switch (type) {
+        case BinaryType::Int8:
+            return number<qint8>();
+        case BinaryType::Int16:
+            return number<qint16>();
+        case BinaryType::Int32:
+            return number<qint32>();
+        case BinaryType::Int64:
+        case BinaryType::QWord:
+            return number<qint64>();
+        default:
+            return 0;
+        }
+    }
+
     QByteArrayView shortString() { return take(number<uchar>()); }
     QByteArrayView longString() { return take(number<quint32>()); }
     QByteArrayView wideString() { return take(qint64(number<quint32>()) * 2); }

@@ -124,20 +124,9 @@ int FormBinaryReader::place()
     const auto at = m_cursor.at();
     const auto type = static_cast<BinaryType>(m_cursor.number<uchar>());
     check("the place among the siblings");
-    int found = 0;
-    switch (type) {
-    case BinaryType::Int8:
-        found = m_cursor.number<qint8>();
-        break;
-    case BinaryType::Int16:
-        found = m_cursor.number<qint16>();
-        break;
-    case BinaryType::Int32:
-        found = m_cursor.number<qint32>();
-        break;
-    default:
+    if (type < BinaryType::Int8 || type > BinaryType::Int32)
         fail(u"no whole number where the place among the siblings should stand; the file is damaged"_s, at);
-    }
+    const auto found = static_cast<int>(m_cursor.integer(type));
     check("the place among the siblings");
     return found;
 }

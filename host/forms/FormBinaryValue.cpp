@@ -7,20 +7,6 @@ namespace {
 constexpr int extendedBias = 16383 + 63;
 constexpr int specialExponent = 0x7FFF;
 
-FormValue integer(BinaryType type, FormBinaryCursor& cursor)
-{
-    switch (type) {
-    case BinaryType::Int8:
-        return FormValue::integer(cursor.number<qint8>());
-    case BinaryType::Int16:
-        return FormValue::integer(cursor.number<qint16>());
-    case BinaryType::Int32:
-        return FormValue::integer(cursor.number<qint32>());
-    default:
-        return FormValue::integer(cursor.number<qint64>());
-    }
-}
-
 QString utf16(QByteArrayView bytes)
 {
     QString text(bytes.size() / 2, Qt::Uninitialized);
@@ -94,7 +80,7 @@ FormValue FormBinaryValue::value()
     case BinaryType::Int32:
     case BinaryType::Int64:
     case BinaryType::QWord:
-        return integer(type, m_cursor);
+        return FormValue::integer(m_cursor.integer(type));
     case BinaryType::Ident:
         return FormValue::identifier(m_encoding.decode(m_cursor.shortString()));
     case BinaryType::Binary:
@@ -178,7 +164,7 @@ FormItem FormBinaryValue::item()
     FormItem made;
     const auto first = static_cast<BinaryType>(m_cursor.number<uchar>());
     if (first != BinaryType::List) {
-        made.index = static_cast<int>(integer(first, m_cursor).toInteger());
+        made.index = static_cast<int>(m_cursor.integer(first));
         m_cursor.take(1);
     }
     while (m_cursor.peek() != 0 && !m_cursor.failed()) {

@@ -125,7 +125,7 @@ FormDocument::FormDocument(std::unique_ptr<FormTree> tree, QString fileName)
 
 FormDocument::~FormDocument() = default;
 
-FormResult<std::unique_ptr<FormDocument>> FormDocument::read(QByteArray bytes, const FormReadOptions& options)
+FormResult<std::unique_ptr<FormDocument>> FormDocument::read(const QByteArray& bytes, const FormReadOptions& options)
 {
     auto tree = readTree(bytes, options);
     if (tree)
@@ -142,10 +142,10 @@ FormResult<std::unique_ptr<FormDocument>> FormDocument::load(const QString& path
     if (!file.open(QIODevice::ReadOnly))
         return FormError { path, 1, 1, 0,
             u"the file cannot be opened (%1); see that it is there and may be read"_s.arg(file.errorString()) };
-    auto bytes = file.readAll();
+    const auto bytes = file.readAll();
     if (file.error() != QFile::NoError)
         return FormError { path, 1, 1, 0, u"the file cannot be read (%1)"_s.arg(file.errorString()) };
-    return read(std::move(bytes), options);
+    return read(bytes, options);
 }
 
 std::unique_ptr<FormDocument> FormDocument::create(

@@ -31,7 +31,7 @@ struct FormReadOptions {
 class FormDocument {
 public:
     // Reads a form in text or in binary form (bare, or in the resource header of old files).
-    static FormResult<std::unique_ptr<FormDocument>> read(QByteArray bytes, const FormReadOptions& options = {});
+    static FormResult<std::unique_ptr<FormDocument>> read(const QByteArray& bytes, const FormReadOptions& options = {});
     // As read(); the file's path becomes options.fileName. A file that cannot be opened is an error, too.
     static FormResult<std::unique_ptr<FormDocument>> load(const QString& path, FormReadOptions options = {});
     // A document with a root alone, in text.

@@ -48,7 +48,7 @@ void FormJournal::setPieces(FormProperty& property, const FormProperty::Pieces& 
 void FormJournal::apply(Change change)
 {
     exchange(change);
-    m_steps.back().push_back(std::move(change));
+    m_steps.back().push_back(change);
 }
 
 void FormJournal::undoTo(int position)

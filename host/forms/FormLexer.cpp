@@ -14,9 +14,9 @@ constexpr std::array<uchar, 256> makeClasses()
         table[size_t(c)] = letter ? Letter : (c >= '0' && c <= '9') ? Digit : Other;
     }
     for (const char c : { ' ', '\t', '\r', '\n', '\f', '\v' })
-        table[size_t(c)] = Blank;
+        table[static_cast<uchar>(c)] = Blank;
     for (const char c : { ':', '=', '[', ']', '(', ')', '<', '>', ',', '.', '+', '/' })
-        table[size_t(c)] = Marks;
+        table[static_cast<uchar>(c)] = Marks;
     table['\''] = Quote;
     table['#'] = Hash;
     table['$'] = Dollar;
@@ -32,7 +32,7 @@ constexpr std::array<bool, 256> makeHexDigits()
 {
     std::array<bool, 256> table {};
     for (const char c : "0123456789abcdefABCDEF")
-        table[size_t(c)] = c != 0;
+        table[static_cast<uchar>(c)] = c != 0;
     return table;
 }
 

@@ -41,7 +41,7 @@ std::optional<QString> checkedProperty(const QString& name, bool inItem)
 std::optional<QString> firstOf(const QStringList& names)
 {
     for (const auto& name : names)
-        if (const auto found = checked(name))
+        if (auto found = checked(name))
             return found;
     return std::nullopt;
 }
@@ -50,9 +50,9 @@ std::optional<QString> firstOf(const QList<FormItem>& items)
 {
     for (const auto& item : items)
         for (const auto& property : item.properties) {
-            if (const auto found = checkedProperty(property.name, true))
+            if (auto found = checkedProperty(property.name, true))
                 return found;
-            if (const auto found = FormSayable::firstUnsayable(property.value))
+            if (auto found = FormSayable::firstUnsayable(property.value))
                 return found;
         }
     return std::nullopt;
@@ -62,7 +62,7 @@ std::optional<QString> headerOf(const FormNode& node)
 {
     if (node.kind() == FormNode::Kind::Item)
         return std::nullopt;
-    if (const auto found = checked(node.className()))
+    if (auto found = checked(node.className()))
         return found;
     return node.name().isEmpty() ? std::nullopt : checked(node.name());
 }
@@ -80,7 +80,7 @@ std::optional<QString> FormSayable::firstUnsayable(const FormValue& value)
         return firstOf(value.toItems());
     case FormValue::Kind::List:
         for (const auto& element : value.toList())
-            if (const auto found = firstUnsayable(element))
+            if (auto found = firstUnsayable(element))
                 return found;
         return std::nullopt;
     default:
@@ -90,16 +90,16 @@ std::optional<QString> FormSayable::firstUnsayable(const FormValue& value)
 
 std::optional<QString> FormSayable::firstUnsayable(const FormNode& node)
 {
-    if (const auto found = headerOf(node))
+    if (auto found = headerOf(node))
         return found;
     for (const auto* property : node.properties()) {
-        if (const auto found = checkedProperty(property->name(), node.kind() == FormNode::Kind::Item))
+        if (auto found = checkedProperty(property->name(), node.kind() == FormNode::Kind::Item))
             return found;
-        if (const auto found = firstUnsayable(property->value()))
+        if (auto found = firstUnsayable(property->value()))
             return found;
     }
     for (const auto* child : node.children())
-        if (const auto found = firstUnsayable(*child))
+        if (auto found = firstUnsayable(*child))
             return found;
     return std::nullopt;
 }
