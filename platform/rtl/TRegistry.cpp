@@ -27,24 +27,36 @@ bool TRegistryStore::KeyExists(const QString& key) const
 {
     const auto prefix = Group(key) + u'/';
     for (const auto& name : FSettings->allKeys())
-        if (name.startsWith(prefix))
+        if (name.startsWith(prefix, Qt::CaseInsensitive))
             return true;
     return false;
 }
 
+// The name under which the value stands in the file. What is written here is in lower case; a line that a person wrote
+// may be in any.
+QString TRegistryStore::StoredName(const QString& key, const QString& name) const
+{
+    const auto path = Group(key) + u'/' + name.toLower();
+    if (!FSettings->contains(path))
+        for (const auto& stored : FSettings->allKeys())
+            if (stored.compare(path, Qt::CaseInsensitive) == 0)
+                return stored;
+    return path;
+}
+
 bool TRegistryStore::ValueExists(const QString& key, const QString& name) const
 {
-    return FSettings->contains(Group(key) + u'/' + name.toLower());
+    return FSettings->contains(StoredName(key, name));
 }
 
 QString TRegistryStore::Read(const QString& key, const QString& name) const
 {
-    return FSettings->value(Group(key) + u'/' + name.toLower()).toString();
+    return FSettings->value(StoredName(key, name)).toString();
 }
 
 void TRegistryStore::Write(const QString& key, const QString& name, const QString& value)
 {
-    FSettings->setValue(Group(key) + u'/' + name.toLower(), value);
+    FSettings->setValue(StoredName(key, name), value);
     FSettings->sync();
 }
 

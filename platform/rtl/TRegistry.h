@@ -28,6 +28,8 @@ public:
     static void SetDefault(TRegistryStore* store);
 
 private:
+    QString StoredName(const QString& key, const QString& name) const;
+
     std::unique_ptr<QSettings> FSettings;
 };
 

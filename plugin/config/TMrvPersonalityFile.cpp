@@ -7,6 +7,7 @@
 #include "support/MrvConst.h"
 
 #include <array>
+#include <vector>
 
 namespace {
 
@@ -37,16 +38,49 @@ QList<TMrvPersonality::TAttribute> Attributes(XmlTextReader& reader)
     return attributes;
 }
 
-// DefaultClass finds only what was added before it, so it must stand last, as the writer puts it.
-void AddAttributes(TBindableControlInfoList& list, const QList<TMrvPersonality::TAttribute>& attributes)
-{
-    for (const auto& attribute : attributes) {
-        if (SameText(attribute.Name, DefaultClass))
-            list.SetDefaultItem(New<TBindableControlInfo>(attribute.Value.mid(1), attribute.Value));
-        else
-            list.Add(New<TBindableControlInfo>(attribute.Name, attribute.Value));
+// Fills a list, empty at first, from the sections that a file has for it; most have one.
+//
+// The pseudo-controls come last whatever the number of sections, so they are added at the end; until then the list is
+// asked for them no more than needed, and a file of a million controls is read in linear time.
+class ListFiller {
+public:
+    explicit ListFiller(TBindableControlInfoList& list)
+        : FList(list)
+    {
     }
-}
+
+    // DefaultClass finds only what was added before it, so it must stand last, as the writer puts it.
+    void Add(const QList<TMrvPersonality::TAttribute>& attributes)
+    {
+        FHasSection = true;
+        for (const auto& attribute : attributes) {
+            if (SameText(attribute.Name, DefaultClass))
+                FList.SetDefaultItem(New<TBindableControlInfo>(attribute.Value.mid(1), attribute.Value));
+            else
+                Add(New<TBindableControlInfo>(attribute.Name, attribute.Value), attribute.Value);
+        }
+    }
+    void AddPseudoControls(std::initializer_list<QString> names)
+    {
+        if (FHasSection)
+            for (const auto& name : names)
+                FList.AddPseudoControl(name);
+    }
+
+private:
+    void Add(const TBindableControlInfoList::TItem& item, const QString& className)
+    {
+        if (FHasPseudoControl)
+            FList.Add(item);
+        else
+            FList.Insert(FList.Count(), item);
+        FHasPseudoControl = FHasPseudoControl || IsPseudoControl(className);
+    }
+
+    TBindableControlInfoList& FList;
+    bool FHasSection = false;
+    bool FHasPseudoControl = false;
+};
 
 // The pseudo-controls are known by their captions here.
 void WriteControls(XmlTextWriter& writer, TBindableControlInfoList& list)
@@ -130,16 +164,19 @@ void TMrvPersonality::Take(const TSections& sections)
 {
     LoadFieldGroup();
     FDataSetBindControlList->Clear();
+    ListFiller dataSetFiller(*FDataSetBindControlList);
+    std::vector<ListFiller> groupFillers;
+    for (const auto& list : *FFieldBindControlList)
+        groupFillers.emplace_back(*list);
     for (const auto& section : sections) {
-        if (section.GroupName.isEmpty()) {
-            AddAttributes(*FDataSetBindControlList, section.Attributes);
-            FDataSetBindControlList->AddPseudoControl(NoneClassName);
-            FDataSetBindControlList->AddPseudoControl(DetailsClassName);
-        } else if (const int group = IndexOfGroup(section.GroupName); group >= 0) {
-            AddAttributes(FieldList(group), section.Attributes);
-            FieldList(group).AddPseudoControl(NoneClassName);
-        }
+        if (section.GroupName.isEmpty())
+            dataSetFiller.Add(section.Attributes);
+        else if (const int group = IndexOfGroup(section.GroupName); group >= 0)
+            groupFillers[size_t(group)].Add(section.Attributes);
     }
+    dataSetFiller.AddPseudoControls({ NoneClassName, DetailsClassName });
+    for (auto& filler : groupFillers)
+        filler.AddPseudoControls({ NoneClassName });
     FModified = false;
 }
 

@@ -441,6 +441,21 @@ TEST_F(ConfigurationFile, TenThousandGroupsAreRead)
     EXPECT_EQ(Current(service)->FieldGroupCount(), 60);
 }
 
+TEST_F(ConfigurationFile, OneGroupAHundredThousandTimesIsReadInLinearTime)
+{
+    const QByteArray group = "<ftString><CtrlClassNames A='TA'/></ftString>";
+    const auto service = ServiceOverVcl("<FieldSection>" + group.repeated(100000) + "</FieldSection>");
+    const auto list = GroupList(service, u"ftString"_qs);
+    EXPECT_EQ(list->GetCount(), 100001);
+    EXPECT_EQ(list->IndexOf(u"None"_qs), 100000);
+}
+
+TEST_F(ConfigurationFile, APseudoControlAmongTheControlsOfAFileStandsBehindThoseThatFollow)
+{
+    const auto service = ServiceOverVcl("<DatasetSection A='TA' Mine='None' B='TB'/><DatasetSection C='TC'/>");
+    EXPECT_EQ(Text(DataSetList(service)), u"TA TB TC Details Mine=None"_qs);
+}
+
 TEST_F(ConfigurationFile, FiftyMegabytesAreRead)
 {
     QByteArray filler;
