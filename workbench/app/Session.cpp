@@ -61,6 +61,7 @@ Session::Session(SessionOptions options)
     RegisterDataClasses();
     const auto problems = FPackages.Load(PackagesFolder());
     PrepareConfiguration();
+    FOptions.Parts.Packages = &FPackages;
     FHost = std::make_unique<Host>(FOptions.Parts);
     for (const auto& problem : problems)
         FHost->Report(problem);
