@@ -2,6 +2,7 @@
 
 #include "cli/DropVerb.h"
 #include "cli/FormsVerb.h"
+#include "cli/ShotVerb.h"
 #include "cli/TreeVerb.h"
 
 #include <array>
@@ -23,6 +24,7 @@ struct VerbRow {
 constexpr std::array Verbs {
     VerbRow { "tree", RunVerb<TreeVerb> },
     VerbRow { "drop", RunVerb<DropVerb> },
+    VerbRow { "shot", RunVerb<ShotVerb> },
     VerbRow { "forms", RunVerb<FormsVerb> },
     VerbRow { "convert", RunVerb<ConvertVerb> },
 };

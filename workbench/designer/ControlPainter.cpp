@@ -118,21 +118,17 @@ QFont ControlPainter::FontOf(const TComponent& component) const
 
 QColor ControlPainter::ColorOf(const QString& property, const QColor& otherwise) const
 {
-    const auto value = ValueAt(*FControl, property);
-    if (!value.isValid() || value.toString().isEmpty())
+    const auto value = StoredAt(*FControl, property);
+    if (!value.isValid())
         return otherwise;
     bool isNumber = false;
-    auto number = value.toLongLong(&isNumber);
-    if (!isNumber) {
-        const auto named = FPackages.IdentToInt(QStringLiteral("TColor"), value.toString());
-        if (!named)
-            return otherwise;
-        number = *named;
-    }
-    const auto color = TColor(number);
-    if (color == clBtnFace || color == clDefault || color == clNone || (!isNumber && number == 0))
+    const auto number = value.toLongLong(&isNumber);
+    const auto named = FPackages.IdentToInt(QStringLiteral("TColor"), value.toString());
+    if (!isNumber && !named)
         return otherwise;
-    return ToQColor(color, FPalette);
+    const auto color = TColor(isNumber ? number : *named);
+    const bool isFace = color == clBtnFace || color == clDefault || color == clNone;
+    return isFace ? otherwise : ToQColor(color, FPalette);
 }
 
 QString ControlPainter::Caption() const

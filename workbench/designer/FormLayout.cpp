@@ -286,7 +286,7 @@ QList<QRect> FormLayout::TabRects(const QRect& tabs, const QStringList& captions
     QList<QRect> rects;
     int left = tabs.x() + 2;
     for (const auto& caption : captions) {
-        const int width = 20 + 7 * int(caption.size());
+        const int width = 28 + 8 * int(caption.size());
         rects << QRect(left, tabs.y() + 2, width, 23);
         left += width;
     }

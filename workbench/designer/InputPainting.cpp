@@ -168,8 +168,9 @@ void ControlPainter::DrawGrid()
     for (const auto& column : GridColumns(*FControl, FInfo->Bindings.Source)) {
         if (left > inner.right())
             break;
-        DrawColumn(QRect(left, inner.y(), column.Width, inner.height()), column.Title);
-        left += column.Width;
+        const int width = std::min(column.Width, inner.right() - left + 1);
+        DrawColumn(QRect(left, inner.y(), width, inner.height()), column.Title);
+        left += width;
     }
     FPainter.setPen(FPalette.color(QPalette::Midlight));
     for (int y = inner.y() + 38; y < inner.bottom(); y += 18)
@@ -178,7 +179,7 @@ void ControlPainter::DrawGrid()
 
 namespace {
 
-constexpr std::array NavigatorGlyphs { u"\u23EE", u"\u25C0", u"\u25B6", u"\u23ED", u"+", u"\u2212", u"\u25B2",
+constexpr std::array NavigatorGlyphs { u"|\u25C0", u"\u25C0", u"\u25B6", u"\u25B6|", u"+", u"\u2212", u"\u25B2",
     u"\u2713", u"\u2715", u"\u21BB" };
 
 }

@@ -26,6 +26,13 @@ QVariant PropertyReading::ValueAt(const TPersistent& object, const QString& path
     return info && info->Get ? info->Get(owner) : QVariant();
 }
 
+QVariant PropertyReading::StoredAt(const TPersistent& object, const QString& path)
+{
+    const auto names = path.split(u'.');
+    const auto* owner = OwnerAt(object, names);
+    return owner ? owner->StoredValue(names.last()) : QVariant();
+}
+
 QString PropertyReading::TextAt(const TPersistent& object, const QString& path)
 {
     const auto value = ValueAt(object, path);

@@ -6,6 +6,8 @@
 namespace PropertyReading {
 
 QVariant ValueAt(const TPersistent& object, const QString& path);
+// The value that the object keeps for a property of a catalogue; nothing while it has the class's own.
+QVariant StoredAt(const TPersistent& object, const QString& path);
 // A text, or the lines of a property that holds lines, closed with line feeds.
 QString TextAt(const TPersistent& object, const QString& path);
 int NumberAt(const TPersistent& object, const QString& path, int otherwise = 0);

@@ -51,14 +51,14 @@ TEST_F(FormSurfaceTest, ARubberBandOverNothingSelectsTheForm)
 TEST_F(FormSurfaceTest, ADragMovesByStepsOfTheGridInOneStepOfUndo)
 {
     Drag(CenterOf("Button1"), CenterOf("Button1") + QPoint(21, 10));
-    EXPECT_EQ(Changes(), "-    Left = 16\n-    Top = 16\n+    Left = 40\n+    Top = 24\n");
+    EXPECT_EQ(Changes(), "-Left = 16\n-Top = 16\n+Left = 40\n+Top = 24\n");
     EXPECT_EQ(Undone(), "");
 }
 
 TEST_F(FormSurfaceTest, WithAltADragMovesFreely)
 {
     Drag(CenterOf("Button1"), CenterOf("Button1") + QPoint(21, 0), Qt::AltModifier);
-    EXPECT_EQ(Changes(), "-    Left = 16\n+    Left = 37\n");
+    EXPECT_EQ(Changes(), "-Left = 16\n+Left = 37\n");
 }
 
 TEST_F(FormSurfaceTest, ADragMovesEverythingThatIsSelectedOnce)
@@ -66,13 +66,13 @@ TEST_F(FormSurfaceTest, ADragMovesEverythingThatIsSelectedOnce)
     Click("Panel1");
     Click("Edit1", Qt::ControlModifier);
     Drag(CenterOf("Edit1"), CenterOf("Edit1") + QPoint(16, 0));
-    EXPECT_EQ(Changes(), "-    Left = 16\n+    Left = 32\n");
+    EXPECT_EQ(Changes(), "-Left = 16\n+Left = 32\n");
 }
 
 TEST_F(FormSurfaceTest, AnIconMovesAsWell)
 {
     Drag(CenterOf("DataSource1"), CenterOf("DataSource1") + QPoint(8, 8));
-    EXPECT_EQ(Changes(), "-    Left = 240\n-    Top = 16\n+    Left = 248\n+    Top = 24\n");
+    EXPECT_EQ(Changes(), "-Left = 240\n-Top = 16\n+Left = 248\n+Top = 24\n");
 }
 
 TEST_F(FormSurfaceTest, AHandleResizesTheOnlyOneSelected)
@@ -80,7 +80,7 @@ TEST_F(FormSurfaceTest, AHandleResizesTheOnlyOneSelected)
     Click("Button1");
     const auto corner = Surface().RectOf(Part("Button1")).bottomRight();
     Drag(corner, corner + QPoint(16, 8));
-    EXPECT_EQ(Changes(), "-    Width = 75\n-    Height = 25\n+    Width = 91\n+    Height = 33\n");
+    EXPECT_EQ(Changes(), "-Width = 75\n-Height = 25\n+Width = 91\n+Height = 33\n");
     EXPECT_EQ(Undone(), "");
 }
 
@@ -90,7 +90,7 @@ TEST_F(FormSurfaceTest, TheLeftHandleMovesTheLeftEdge)
     const auto rect = Surface().RectOf(Part("Panel1"));
     const QPoint edge(rect.left(), rect.center().y());
     Drag(edge, edge - QPoint(8, 0));
-    EXPECT_EQ(Changes(), "-    Left = 16\n+    Left = 8\n-    Width = 200\n+    Width = 208\n");
+    EXPECT_EQ(Changes(), "-Left = 16\n+Left = 8\n-Width = 200\n+Width = 208\n");
 }
 
 TEST_F(FormSurfaceTest, DeleteTakesTheComponentsWithWhatStandsOnThem)
@@ -99,7 +99,7 @@ TEST_F(FormSurfaceTest, DeleteTakesTheComponentsWithWhatStandsOnThem)
     QTest::keyClick(&Surface(), Qt::Key_Delete);
     EXPECT_EQ(Component(QStringLiteral("MainForm.Panel1")), nullptr);
     EXPECT_EQ(Component(QStringLiteral("MainForm.Edit1")), nullptr);
-    EXPECT_TRUE(Surface().grab().isNull() == false);
+    EXPECT_FALSE(Surface().grab().isNull());
     EXPECT_EQ(Undone(), "");
     EXPECT_NE(Component(QStringLiteral("MainForm.Edit1")), nullptr);
 }
@@ -110,8 +110,7 @@ TEST_F(FormSurfaceTest, ArrowsMoveByAPixelAndResizeWithShift)
     QTest::keyClick(&Surface(), Qt::Key_Right);
     QTest::keyClick(&Surface(), Qt::Key_Down, Qt::ControlModifier);
     QTest::keyClick(&Surface(), Qt::Key_Right, Qt::ShiftModifier);
-    EXPECT_EQ(
-        Changes(), "-    Left = 16\n-    Top = 16\n-    Width = 75\n+    Left = 17\n+    Top = 24\n+    Width = 76\n");
+    EXPECT_EQ(Changes(), "-Left = 16\n-Top = 16\n-Width = 75\n+Left = 17\n+Top = 24\n+Width = 76\n");
 }
 
 TEST_F(FormSurfaceTest, EscapeSelectsTheParent)
@@ -143,7 +142,7 @@ TEST_F(FormSurfaceTest, AClosedModuleShowsNothing)
 {
     Surface();
     TheHost->CloseAll();
-    EXPECT_EQ(Surface().grab().isNull(), false);
+    EXPECT_FALSE(Surface().grab().isNull());
     QTest::mouseClick(&Surface(), Qt::LeftButton, {}, { 40, 60 });
 }
 
