@@ -121,10 +121,12 @@ TComponent* Designer::MakeComponent(TClass aClass, TComponent* parent, const QRe
     made->SetComponentState(made->ComponentState() | csDesigning);
     FInMaking.insert(made.get());
     const Finally done([this, component = made.get()] { FInMaking.remove(component); });
-    if (dynamic_cast<TControl*>(made.get()))
-        made->SetParentComponent(HolderFrom(parent));
-    else
+    if (dynamic_cast<TControl*>(made.get())) {
+        auto* holder = HolderFrom(parent);
+        made->SetParentComponent(holder ? holder : HolderFrom(Root()));
+    } else {
         made->SetParentComponent(parent);
+    }
     Place(*made, place);
     made->SetName(UniqueName(aClass));
     if (auto* control = dynamic_cast<TControl*>(made.get())) {
