@@ -254,17 +254,23 @@ void Designer::DeleteComponents(const QList<TComponent*>& components)
     for (const auto* component : std::as_const(doomed))
         if (component->HasState(csAncestor) || IsOnFrame(*component))
             throw EInvalidOperation(SCantDeleteAncestor());
+    UndoStack::Gesture gesture(FSite.Undo(), QStringLiteral("Delete"));
+    DeleteInOrder(doomed);
+    TellSelection();
+    TellModified();
+}
+
+// What is no data first, then fields, then datasets and connections.
+void Designer::DeleteInOrder(QList<TComponent*> doomed)
+{
     std::stable_sort(doomed.begin(), doomed.end(),
         [](const TComponent* a, const TComponent* b) { return DeletionRank(*a) < DeletionRank(*b); });
-    UndoStack::Gesture gesture(FSite.Undo(), QStringLiteral("Delete"));
     QList<WeakRef<TComponent>> kept;
     for (auto* component : std::as_const(doomed))
         kept << WeakRef<TComponent>(component);
     for (const auto& component : std::as_const(kept))
         if (component)
             DeleteOne(*component.get());
-    TellSelection();
-    TellModified();
 }
 
 void Designer::DeleteSelection()

@@ -97,8 +97,12 @@ void Designer::DeleteInDescendants(const QString& name)
 {
     for (auto* descendant : FSite.DescendantDesigners()) {
         auto* inherited = descendant->Root() ? descendant->Root()->FindComponent(name) : nullptr;
-        if (inherited && inherited->HasState(csAncestor))
-            descendant->DeleteOne(*inherited);
+        if (!inherited || !inherited->HasState(csAncestor))
+            continue;
+        // What the form itself put on the component goes along.
+        QList<TComponent*> doomed;
+        descendant->CollectForDeletion(*inherited, doomed);
+        descendant->DeleteInOrder(doomed);
     }
 }
 
@@ -176,6 +180,17 @@ QVariant Translated(const QVariant& value, const TComponent& oldRoot, TComponent
 
 }
 
+void Designer::TakeOverValue(
+    TPersistent& target, const TPropInfo& info, const TPersistent& original, const TComponent& originalRoot)
+{
+    const auto value = Translated(info.Get(&original), originalRoot, *Root());
+    FForm->Links().Forget(&target, info.Name);
+    SetPropValue(&target, info.Name, value);
+    const auto* linked = info.IsSubObject ? nullptr : dynamic_cast<TComponent*>(value.value<TPersistent*>());
+    if (linked && !FForm->Holds(linked))
+        FForm->Links().Add({ &target, info.Name, FormLinks::NameFrom(*Root(), *Root(), *linked), Root() });
+}
+
 void Designer::TakeOver(TPersistent& original, const QString& componentName, const QString& property)
 {
     auto* component = componentName.isEmpty() ? Root() : Root()->FindComponent(componentName);
@@ -196,8 +211,7 @@ void Designer::TakeOver(TPersistent& original, const QString& componentName, con
             if (!info)
                 component->SetDesignPosition(source->DesignLeft(), source->DesignTop());
             else if (info->Set || info->IsSubObject)
-                SetPropValue(target, property,
-                    Translated(info->Get(&original), source->Owner() ? *source->Owner() : *source, *Root()));
+                TakeOverValue(*target, *info, original, source->Owner() ? *source->Owner() : *source);
         } catch (const Exception&) {
             // What cannot be carried over stays as it is there.
         }
