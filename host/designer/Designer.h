@@ -122,8 +122,8 @@ private:
     void DeleteInDescendants(const QString& name);
     void RenameInDescendants(const QString& oldName, const QString& newName);
     void PassOn(TPersistent& instance, const QString& property);
-    void TakeOverValue(TPersistent& target, const TPropInfo& info, const TPersistent& original,
-        const TComponent& originalRoot);
+    void TakeOverValue(
+        TPersistent& target, const TPropInfo& info, const TPersistent& original, const TComponent& originalRoot);
     void TakeOver(TPersistent& original, const QString& componentName, const QString& property);
     void RenameInOtherForms(const QString& oldName, const QString& newName);
 
