@@ -98,7 +98,8 @@ InterfacePtr<IOTAComponent> TCustomComponentAttr::GetOTAComponent()
 
 TComponent* TCustomComponentAttr::GetComponent()
 {
-    if (LastKnownIsCurrent())
+    // A wrapper that waits for its removal takes no other component that bears its names by now.
+    if (FDeleted || LastKnownIsCurrent())
         return FComponent.get();
     if (auto* found = TMrvUtils::ExtractComponent(GetOTAComponent(), GetDesigner()))
         SetLastKnown(found);

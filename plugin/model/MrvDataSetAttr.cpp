@@ -103,8 +103,9 @@ void TDataSetAttr::GetSessionName(QString& name)
     }
     const auto* connection = TMrvUtils::ExtractConnection(component);
     name.clear();
-    if (connection && connection->Owner())
-        name = TDataSetList::MakeSessionName(FSessionName, connection->Owner()->Name());
+    // By the connection's own name: what is remembered may be from before an undo or a reload of its form.
+    if (connection && connection->Owner() && !connection->HasState(csDestroying))
+        name = TDataSetList::MakeSessionName(connection->Name(), connection->Owner()->Name());
     if (name.isEmpty())
         name = sConnectionUnassigned;
 }

@@ -166,6 +166,7 @@ private:
     void WireHandlers();
     void BuildFromProject(const InterfacePtr<IOTAProject>& project, TComponentList& list);
     void BuildFromOpenModules(TComponentList& list);
+    void EndMultiDelete();
     void GuardMultiDelete(const InterfacePtr<IDesigner>& designer);
     void TakeFieldDeletion(TObject* sender, TField* field);
     InterfacePtr<IMrvCustomComponentAttr> InsertDataSet(
@@ -173,6 +174,8 @@ private:
     InterfacePtr<IMrvCustomComponentAttr> InsertConnection(
         TComponent* component, const QString& name, const QString& unitName);
     void DeleteConnection(TComponent* component);
+    void RenameConnection(TConnectionAttr& attr, TCustomZAConnection* connection);
+    void RegroupUsersOf(TCustomZAConnection* connection);
     void DeleteMarkedField(TDataSetAttr* dataSet, TField* field);
     void SelectOne(IMrvCustomComponentAttr& item, const InterfacePtr<IDesigner>& activeDesigner);
 };

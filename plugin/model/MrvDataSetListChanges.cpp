@@ -106,6 +106,10 @@ InterfacePtr<IMrvCustomComponentAttr> TDataSetList::InsertConnection(
     attr->FIsInserted = true;
     FConnectionItem.Add(attr.get());
     FEvents->OnComponentInsert(attr);
+    // One that comes back by an undo has its datasets again.
+    for (int i = 0; i < GetItemCount(); ++i)
+        if (GetItem(i)->FSessionName.isEmpty())
+            FDefferedOnSessionChange->AddItem(GetItem(i), false);
     return attr;
 }
 
@@ -150,15 +154,27 @@ void TDataSetList::DeleteConnection(TComponent* component)
         return;
     for (int i = 0; i < GetItemCount(); ++i) {
         auto* attr = GetItem(i);
-        if (!SameText(attr->FSessionName, component->Name()))
-            continue;
         const auto* used = TMrvUtils::ExtractConnection(attr->FComponent.get());
-        if (attr->FFormName != connection->FFormName && used && used != component)
+        const bool isNamed
+            = SameText(attr->FSessionName, component->Name()) && (!used || attr->FFormName == connection->FFormName);
+        if (used != component && !isNamed)
             continue;
         FDefferedOnSessionChange->AddItem(attr, false);
         attr->FSessionName.clear();
     }
     FDefferdDeleteDataSet->AddItem(connection, false);
+}
+
+// A form that was opened brings the connections of datasets on other forms back.
+void TDataSetList::RegroupUsersOf(TCustomZAConnection* connection)
+{
+    for (auto* dataSet : connection->DataSets()) {
+        auto* attr = dataSet->Owner() == connection->Owner() ? nullptr : GetDataSetAttrByObj(dataSet);
+        if (!attr)
+            continue;
+        attr->FSessionName = connection->Name();
+        FDefferedOnSessionChange->AddItem(attr, false);
+    }
 }
 
 void TDataSetList::DoComponentRename(
@@ -176,6 +192,26 @@ void TDataSetList::DoComponentRename(
     if (auto* field = dynamic_cast<TField*>(component))
         if (auto* attr = GetDataSetAttrByObj(field->DataSet()))
             DoRefreshChildObject(sender, attr, field, newName, FieldRenamed);
+    // A connection tells by its modification; one that follows its parent form is not selected for it.
+    auto* connection = dynamic_cast<TCustomZAConnection*>(component);
+    if (connection && connection->HasState(csAncestor))
+        if (const InterfacePtr<TConnectionAttr> attr = GetConnectionAttrByObj(connection))
+            RenameConnection(*attr, connection);
+}
+
+void TDataSetList::RenameConnection(TConnectionAttr& attr, TCustomZAConnection* connection)
+{
+    const auto oldName = attr.ComponentName();
+    FEvents->OnSessionRenamed(
+        MakeSessionName(oldName, TMrvUtils::GetOwnerName(connection)), MakeSessionName(connection));
+    for (int i = 0; i < GetItemCount(); ++i) {
+        auto* dataSet = GetItem(i);
+        const auto* used = TMrvUtils::ExtractConnection(dataSet->FComponent.get());
+        // A dataset of another form's connection of that name keeps it.
+        if (used == connection || (dataSet->FSessionName == oldName && !used))
+            dataSet->FSessionName = connection->Name();
+    }
+    attr.SetComponentName(connection->Name());
 }
 
 void TDataSetList::DeleteMarkedField(TDataSetAttr* dataSet, TField* field)

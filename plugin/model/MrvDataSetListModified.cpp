@@ -49,7 +49,6 @@ private:
     TFormAttr* KnownForm(TComponent* form);
     QString RenameFormOf(TMrvObjectList& list, TComponent* form);
     void ConnectionModified(TCustomZAConnection* connection);
-    void ConnectionRenamed(TConnectionAttr& attr, TCustomZAConnection* connection);
 
     TDataSetList& FList;
     InterfacePtr<IDesigner> FDesigner;
@@ -253,20 +252,5 @@ void TDataSetList::TModifiedItems::ConnectionModified(TCustomZAConnection* conne
     if (std::exchange(attr->FIsInserted, false))
         return;
     if (!SameText(attr->ComponentName(), connection->Name()))
-        ConnectionRenamed(*attr, connection);
-}
-
-void TDataSetList::TModifiedItems::ConnectionRenamed(TConnectionAttr& attr, TCustomZAConnection* connection)
-{
-    const auto oldName = attr.ComponentName();
-    FList.FEvents->OnSessionRenamed(
-        MakeSessionName(oldName, TMrvUtils::GetOwnerName(connection)), MakeSessionName(connection));
-    for (int i = 0; i < FList.GetItemCount(); ++i) {
-        auto* dataSet = FList.GetItem(i);
-        const auto* used = TMrvUtils::ExtractConnection(dataSet->FComponent.get());
-        // A dataset of another form's connection of that name keeps it.
-        if (dataSet->FSessionName == oldName && (!used || used == connection))
-            dataSet->FSessionName = connection->Name();
-    }
-    attr.SetComponentName(connection->Name());
+        FList.RenameConnection(*attr, connection);
 }

@@ -33,15 +33,20 @@ void LogItem(const TPersistent* item)
 
 }
 
+void TDataSetList::EndMultiDelete()
+{
+    EnableEvents(deSelectionChanged);
+    if (std::exchange(FNeedEndUpdate, false) && FEvents)
+        FEvents->EndUpdate(false);
+}
+
 // A deletion of many components is one batch for the tree.
 void TDataSetList::GuardMultiDelete(const InterfacePtr<IDesigner>& designer)
 {
     const auto selections = CreateSelectionList();
     designer->GetSelections(selections);
     if (selections->GetCount() < 2) {
-        EnableEvents(deSelectionChanged);
-        if (std::exchange(FNeedEndUpdate, false))
-            FEvents->EndUpdate(false);
+        EndMultiDelete();
         return;
     }
     DisableEvents(deSelectionChanged);
@@ -103,6 +108,9 @@ void TDataSetList::OnItemModified(TObject*, const InterfacePtr<IDesigner>& desig
 {
     const auto selections = CreateSelectionList();
     try {
+        // A form that inherits may have several objects selected that are not what is being deleted.
+        if (FNeedEndUpdate)
+            EndMultiDelete();
         if (!FSvcManager->GetActivePrj() || !IsEventEnabled(deOnItemModified) || !designer || FDormant)
             return;
         designer->GetSelections(selections);
@@ -165,6 +173,9 @@ void TDataSetList::OnFileNotification(TObject*, TOTAFileNotification code, const
     if (FBuildInProgress)
         return;
     GetDsListFromModule(module, list);
+    for (const auto& gathered : list.FItem.Held())
+        if (auto* connection = dynamic_cast<TCustomZAConnection*>(gathered->FComponent.get()))
+            RegroupUsersOf(connection);
     FEvents->OnRefreshDatasetList(fileName, rmAdd);
 }
 

@@ -217,14 +217,10 @@ PackageList& HostFixture::Packages()
     return *packages;
 }
 
-HostFixture::HostFixture(Catalogues catalogues)
+HostFixture::HostFixture()
     : Registry(Folder.filePath(QStringLiteral("registry.ini")))
     , ToolsMenu(new TMenuItem)
 {
-    if (catalogues == Catalogues::None) {
-        RegisterStandardClasses();
-        RegisterDataClasses();
-    }
     ToolsMenu->SetName(QStringLiteral("ToolsMenu"));
     ToolsMenu->SetCaption(QStringLiteral("Tools"));
     Menu.Items().Add(ToolsMenu);
@@ -236,7 +232,7 @@ HostFixture::HostFixture(Catalogues catalogues)
     parts.Exceptions = [this](const Exception& exception) { Exceptions << exception.Message(); };
     parts.Registry = &Registry;
     parts.MainMenu = &Menu;
-    parts.Packages = catalogues == Catalogues::Installed ? &Packages() : nullptr;
+    parts.Packages = &Packages();
     TheHost = std::make_unique<Host>(parts);
 }
 

@@ -8,8 +8,7 @@
 #include <algorithm>
 
 ScriptedProject::ScriptedProject(const QString& name, Kind kind)
-    : FOwnFolder(std::make_unique<QTemporaryDir>())
-    , FFolder(QFileInfo(FOwnFolder->path()).canonicalFilePath())
+    : FFolder(QFileInfo(FOwnFolder.path()).canonicalFilePath())
     , FName(name)
     , FKind(kind)
     , FFramework(kind == Kind::Lazarus ? QStringLiteral("LCL") : QStringLiteral("VCL"))

@@ -4,7 +4,7 @@
 
 namespace {
 
-class DesignerTest : public PackagedHostFixture {
+class DesignerTest : public HostFixture {
 protected:
     HostRecorder Recorder { *TheHost };
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-class InheritedForms : public PackagedHostFixture {
+class InheritedForms : public HostFixture {
 protected:
     HostRecorder Recorder { *TheHost };
     ScriptedProject Shop;

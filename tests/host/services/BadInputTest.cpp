@@ -2,7 +2,7 @@
 
 namespace {
 
-class BadInput : public PackagedHostFixture {
+class BadInput : public HostFixture {
 protected:
     HostRecorder Recorder { *TheHost };
     ScriptedProject Shop;

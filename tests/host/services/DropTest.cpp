@@ -31,7 +31,7 @@ private:
     Drop FDrop;
 };
 
-class Drops : public PackagedHostFixture {
+class Drops : public HostFixture {
 protected:
     HostRecorder Recorder { *TheHost };
     ScriptedProject Shop;

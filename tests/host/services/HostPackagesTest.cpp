@@ -5,7 +5,7 @@
 
 namespace {
 
-class DesignPackages : public PackagedHostFixture {
+class DesignPackages : public HostFixture {
 protected:
     const QString File = QStringLiteral(MORVANE_BIN_DIR "/TestPackage.bpl");
     HostRecorder Recorder { *TheHost };

@@ -2,7 +2,7 @@
 
 namespace {
 
-class OpeningProjects : public PackagedHostFixture {
+class OpeningProjects : public HostFixture {
 protected:
     HostRecorder Recorder { *TheHost };
 };

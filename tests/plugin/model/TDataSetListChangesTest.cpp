@@ -404,3 +404,60 @@ TEST_F(FollowingTheDesigner, FindsAnUndoneDeletionAgain)
     EXPECT_EQ(Text(), before);
     EXPECT_EQ(Text(), FreshText());
 }
+
+TEST_F(FollowingTheDesigner, FindsTheFieldsOfAnInheritingFormAgainAfterAnUndo)
+{
+    OpenInherited();
+    const auto before = Text();
+    DesignerOf(u"Base"_qs).DeleteComponents({ Component(u"Base.Books"_qs) });
+    TheHost->Undo().Undo();
+    Clock.Advance(200);
+    EXPECT_EQ(Text(), before);
+}
+
+TEST_F(FollowingTheDesigner, RemovesTheFieldsThatAnInheritingFormPutOnADatasetThatGoes)
+{
+    OpenInherited();
+    auto* books = dynamic_cast<TDataSet*>(Component(u"Child.Books"_qs));
+    DesignerOf(u"Child"_qs).CreateField(books, TStringField::Class(), u"BooksIsbn"_qs, [&](TField* field) {
+        field->SetFieldName(u"Isbn"_qs);
+        field->SetDataSet(books);
+    });
+    DesignerOf(u"Base"_qs).DeleteComponents({ Component(u"Base.Books"_qs) });
+    Clock.Advance(200);
+    EXPECT_EQ(Component(u"Child.BooksIsbn"_qs), nullptr);
+    EXPECT_EQ(FormText(u"Child"_qs).indexOf("BooksIsbn"), -1);
+    EXPECT_EQ(Text(), FreshText());
+}
+
+TEST_F(FollowingTheDesigner, RenamesAConnectionThatFollowsItsParentForm)
+{
+    OpenInherited();
+    DesignerOf(u"Base"_qs).RenameComponent(*Component(u"Base.Other"_qs), u"Store"_qs);
+    TheHost->Reload(FormOf(u"Child"_qs));
+    EXPECT_EQ(Text(), FreshText());
+}
+
+TEST_F(FollowingTheDesigner, EndsTheBatchOfADeletionWithTheModificationThatFollowsIt)
+{
+    OpenShop();
+    Select({ u"Data.BooksId"_qs, u"Data.BooksTitle"_qs });
+    List->OnItemDeleted(nullptr, InterfacePtr<IDesigner>(&Data()), Component(u"Data.BooksId"_qs));
+    EXPECT_FALSE(List->IsEventEnabled(deSelectionChanged));
+    Data().Modified();
+    EXPECT_TRUE(List->IsEventEnabled(deSelectionChanged));
+    EXPECT_FALSE(List->FNeedEndUpdate);
+}
+
+TEST_F(FollowingTheDesigner, RegroupsADatasetWhoseConnectionComesBackByAnUndo)
+{
+    OpenShop();
+    const auto before = Text();
+    Data().DeleteComponents({ Component(u"Data.Shop"_qs) });
+    Clock.Advance(200);
+    Events->Take();
+    TheHost->Undo().Undo();
+    EXPECT_TRUE(DataSet(u"Data.Books"_qs)->IsSessionChanged());
+    Clock.Advance(200);
+    EXPECT_EQ(Text(), before);
+}
