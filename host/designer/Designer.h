@@ -112,6 +112,7 @@ private:
     void Select(const QList<TPersistent*>& items);
 
     void DeleteOne(TComponent& component);
+    void DeleteInOrder(QList<TComponent*> doomed);
     void CollectForDeletion(TComponent& component, QList<TComponent*>& found) const;
     void Deselect(const TPersistent* item);
 
@@ -121,6 +122,8 @@ private:
     void DeleteInDescendants(const QString& name);
     void RenameInDescendants(const QString& oldName, const QString& newName);
     void PassOn(TPersistent& instance, const QString& property);
+    void TakeOverValue(
+        TPersistent& target, const TPropInfo& info, const TPersistent& original, const TComponent& originalRoot);
     void TakeOver(TPersistent& original, const QString& componentName, const QString& property);
     void RenameInOtherForms(const QString& oldName, const QString& newName);
 

@@ -121,10 +121,12 @@ TComponent* Designer::MakeComponent(TClass aClass, TComponent* parent, const QRe
     made->SetComponentState(made->ComponentState() | csDesigning);
     FInMaking.insert(made.get());
     const Finally done([this, component = made.get()] { FInMaking.remove(component); });
-    if (dynamic_cast<TControl*>(made.get()))
-        made->SetParentComponent(HolderFrom(parent));
-    else
+    if (dynamic_cast<TControl*>(made.get())) {
+        auto* holder = HolderFrom(parent);
+        made->SetParentComponent(holder ? holder : HolderFrom(Root()));
+    } else {
         made->SetParentComponent(parent);
+    }
     Place(*made, place);
     made->SetName(UniqueName(aClass));
     if (auto* control = dynamic_cast<TControl*>(made.get())) {
@@ -252,17 +254,23 @@ void Designer::DeleteComponents(const QList<TComponent*>& components)
     for (const auto* component : std::as_const(doomed))
         if (component->HasState(csAncestor) || IsOnFrame(*component))
             throw EInvalidOperation(SCantDeleteAncestor());
+    UndoStack::Gesture gesture(FSite.Undo(), QStringLiteral("Delete"));
+    DeleteInOrder(doomed);
+    TellSelection();
+    TellModified();
+}
+
+// What is no data first, then fields, then datasets and connections.
+void Designer::DeleteInOrder(QList<TComponent*> doomed)
+{
     std::stable_sort(doomed.begin(), doomed.end(),
         [](const TComponent* a, const TComponent* b) { return DeletionRank(*a) < DeletionRank(*b); });
-    UndoStack::Gesture gesture(FSite.Undo(), QStringLiteral("Delete"));
     QList<WeakRef<TComponent>> kept;
     for (auto* component : std::as_const(doomed))
         kept << WeakRef<TComponent>(component);
     for (const auto& component : std::as_const(kept))
         if (component)
             DeleteOne(*component.get());
-    TellSelection();
-    TellModified();
 }
 
 void Designer::DeleteSelection()

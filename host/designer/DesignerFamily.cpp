@@ -99,15 +99,10 @@ void Designer::DeleteInDescendants(const QString& name)
         auto* inherited = descendant->Root() ? descendant->Root()->FindComponent(name) : nullptr;
         if (!inherited || !inherited->HasState(csAncestor))
             continue;
-        // What that form itself put on it, as a field on an inherited dataset, goes with it and is told.
+        // What the form itself put on the component goes along.
         QList<TComponent*> doomed;
         descendant->CollectForDeletion(*inherited, doomed);
-        QList<WeakRef<TComponent>> kept;
-        for (auto* component : std::as_const(doomed))
-            kept << WeakRef<TComponent>(component);
-        for (const auto& component : std::as_const(kept))
-            if (component)
-                descendant->DeleteOne(*component.get());
+        descendant->DeleteInOrder(doomed);
     }
 }
 
@@ -185,6 +180,17 @@ QVariant Translated(const QVariant& value, const TComponent& oldRoot, TComponent
 
 }
 
+void Designer::TakeOverValue(
+    TPersistent& target, const TPropInfo& info, const TPersistent& original, const TComponent& originalRoot)
+{
+    const auto value = Translated(info.Get(&original), originalRoot, *Root());
+    FForm->Links().Forget(&target, info.Name);
+    SetPropValue(&target, info.Name, value);
+    const auto* linked = info.IsSubObject ? nullptr : dynamic_cast<TComponent*>(value.value<TPersistent*>());
+    if (linked && !FForm->Holds(linked))
+        FForm->Links().Add({ &target, info.Name, FormLinks::NameFrom(*Root(), *Root(), *linked), Root() });
+}
+
 void Designer::TakeOver(TPersistent& original, const QString& componentName, const QString& property)
 {
     auto* component = componentName.isEmpty() ? Root() : Root()->FindComponent(componentName);
@@ -205,8 +211,7 @@ void Designer::TakeOver(TPersistent& original, const QString& componentName, con
             if (!info)
                 component->SetDesignPosition(source->DesignLeft(), source->DesignTop());
             else if (info->Set || info->IsSubObject)
-                SetPropValue(target, property,
-                    Translated(info->Get(&original), source->Owner() ? *source->Owner() : *source, *Root()));
+                TakeOverValue(*target, *info, original, source->Owner() ? *source->Owner() : *source);
         } catch (const Exception&) {
             // What cannot be carried over stays as it is there.
         }

@@ -66,14 +66,7 @@ void Designer::DropWhatIsGone(const QList<FormNode*>& nodes)
     }
     if (doomed.isEmpty())
         return;
-    QList<WeakRef<TComponent>> ordered;
-    for (const int rank : { 0, 1, 2 })
-        for (auto* component : std::as_const(doomed))
-            if (rank == (DataKinds::IsField(*component) ? 1 : DataKinds::IsDataComponent(*component) ? 2 : 0))
-                ordered << WeakRef<TComponent>(component);
-    for (const auto& component : std::as_const(ordered))
-        if (component)
-            DeleteOne(*component.get());
+    DeleteInOrder(doomed);
     TellSelection();
 }
 
@@ -151,6 +144,7 @@ void Designer::ReadTouched(const QList<FormTouch>& touches)
         const WeakRef<TComponent> kept(component);
         if (!inFile || !FForm->ReadProperty(*touch.Node, touch.Property, RootFinder())) {
             const auto place = FormProperties::Find(*component, touch.Property);
+            FForm->Links().Forget(place.Instance, place.Name);
             if (auto* inherited = Inherited(*place.Instance))
                 TakeOver(*inherited, component == Root() ? QString() : component->Name(), place.Name);
             else

@@ -217,10 +217,14 @@ PackageList& HostFixture::Packages()
     return *packages;
 }
 
-HostFixture::HostFixture()
+HostFixture::HostFixture(Catalogues catalogues)
     : Registry(Folder.filePath(QStringLiteral("registry.ini")))
     , ToolsMenu(new TMenuItem)
 {
+    if (catalogues == Catalogues::None) {
+        RegisterStandardClasses();
+        RegisterDataClasses();
+    }
     ToolsMenu->SetName(QStringLiteral("ToolsMenu"));
     ToolsMenu->SetCaption(QStringLiteral("Tools"));
     Menu.Items().Add(ToolsMenu);
@@ -232,7 +236,7 @@ HostFixture::HostFixture()
     parts.Exceptions = [this](const Exception& exception) { Exceptions << exception.Message(); };
     parts.Registry = &Registry;
     parts.MainMenu = &Menu;
-    parts.Packages = &Packages();
+    parts.Packages = catalogues == Catalogues::Installed ? &Packages() : nullptr;
     TheHost = std::make_unique<Host>(parts);
 }
 

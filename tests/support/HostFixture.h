@@ -51,10 +51,12 @@ private:
 // a message box that answers what the test says and keeps what it asked.
 class HostFixture : public ::testing::Test {
 protected:
-    HostFixture();
+    // With the catalogues of the repository, or with the platform's own classes alone. The catalogues stay loaded for
+    // all tests of the program.
+    enum class Catalogues { None, Installed };
+    explicit HostFixture(Catalogues catalogues = Catalogues::None);
     ~HostFixture() override;
 
-    // The catalogues of the repository.
     static PackageList& Packages();
     // Opens the scripted project; the test fails when it cannot be opened.
     void Open(ScriptedProject& project);
@@ -79,6 +81,15 @@ protected:
     QStringList Questions;
     QStringList Exceptions;
     std::unique_ptr<Host> TheHost;
+};
+
+// The same with the catalogues.
+class PackagedHostFixture : public HostFixture {
+protected:
+    PackagedHostFixture()
+        : HostFixture(Catalogues::Installed)
+    {
+    }
 };
 
 // The lines that the second text has more than the first, each with "+" before it, and those it lacks, with "-".

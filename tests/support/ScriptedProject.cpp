@@ -8,7 +8,8 @@
 #include <algorithm>
 
 ScriptedProject::ScriptedProject(const QString& name, Kind kind)
-    : FFolder(QFileInfo(FOwnFolder.path()).canonicalFilePath())
+    : FOwnFolder(std::make_unique<QTemporaryDir>())
+    , FFolder(QFileInfo(FOwnFolder->path()).canonicalFilePath())
     , FName(name)
     , FKind(kind)
     , FFramework(kind == Kind::Lazarus ? QStringLiteral("LCL") : QStringLiteral("VCL"))

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <memory>
+
 // A project written to a temporary folder by a few lines of form text, gone with the object.
 //
 //     ScriptedProject shop;
@@ -48,6 +50,9 @@ public:
     QString FormOf(const QString& form) const;
     QString Path(const QString& fileName = {}) const;
 
+    // The folder stays after the project, as long as the caller keeps this.
+    std::unique_ptr<QTemporaryDir> TakeFolder() { return std::move(FOwnFolder); }
+
     static QByteArray Read(const QString& fileName);
     static void WriteFile(const QString& fileName, const QByteArray& bytes);
     // A group of those projects in the folder of the first.
@@ -78,7 +83,7 @@ private:
     void WriteLazarus() const;
     void WriteDesktop() const;
 
-    QTemporaryDir FOwnFolder;
+    std::unique_ptr<QTemporaryDir> FOwnFolder;
     QString FFolder;
     QString FName;
     Kind FKind;

@@ -4,7 +4,7 @@
 
 namespace {
 
-class DesignerTest : public HostFixture {
+class DesignerTest : public PackagedHostFixture {
 protected:
     HostRecorder Recorder { *TheHost };
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-class InheritedForms : public HostFixture {
+class InheritedForms : public PackagedHostFixture {
 protected:
     HostRecorder Recorder { *TheHost };
     ScriptedProject Shop;

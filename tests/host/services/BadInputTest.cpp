@@ -2,7 +2,7 @@
 
 namespace {
 
-class BadInput : public HostFixture {
+class BadInput : public PackagedHostFixture {
 protected:
     HostRecorder Recorder { *TheHost };
     ScriptedProject Shop;

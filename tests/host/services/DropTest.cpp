@@ -31,7 +31,7 @@ private:
     Drop FDrop;
 };
 
-class Drops : public HostFixture {
+class Drops : public PackagedHostFixture {
 protected:
     HostRecorder Recorder { *TheHost };
     ScriptedProject Shop;

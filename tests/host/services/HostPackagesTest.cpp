@@ -5,7 +5,7 @@
 
 namespace {
 
-class DesignPackages : public HostFixture {
+class DesignPackages : public PackagedHostFixture {
 protected:
     const QString File = QStringLiteral(MORVANE_BIN_DIR "/TestPackage.bpl");
     HostRecorder Recorder { *TheHost };

@@ -2,7 +2,7 @@
 
 namespace {
 
-class OpeningProjects : public HostFixture {
+class OpeningProjects : public PackagedHostFixture {
 protected:
     HostRecorder Recorder { *TheHost };
 };
