@@ -132,6 +132,8 @@ private:
     void Reconcile(const QList<FormTouch>& touches);
     void DropWhatIsGone(const QList<FormNode*>& nodes);
     void AdjustNodes(const QList<FormNode*>& nodes);
+    void MakeNode(FormNode& node, QList<WeakRef<TComponent>>& made);
+    void ReadUnsaid(TComponent& component, const QString& path);
     void MakeWhatIsNew(const QList<FormNode*>& nodes);
     void ReadTouched(const QList<FormTouch>& touches);
 

@@ -205,6 +205,7 @@ void Designer::TakeOver(TPersistent& original, const QString& componentName, con
         return;
     {
         const Quiet quiet(*this);
+        const FormProperties::Taking taking(*component);
         try {
             if (!info && source != &original)
                 return;

@@ -82,10 +82,11 @@ void Designer::Renamed(TComponent* component, const QString& oldName)
             Report(unit->RenameField(RootClassName(), oldName, component->Name()));
         }
     const WeakRef<TComponent> kept(component);
-    if (auto* control = dynamic_cast<TControl*>(component); control && control->Caption() == oldName)
-        control->SetCaption(component->Name());
     RenameInOtherForms(oldName, component->Name());
     TellRenamed(*component, oldName);
     if (kept && component != Root())
         RenameInDescendants(oldName, component->Name());
+    auto* control = dynamic_cast<TControl*>(kept.get());
+    if (control && control->Caption() == oldName)
+        control->SetCaption(control->Name());
 }

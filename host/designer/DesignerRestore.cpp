@@ -100,24 +100,34 @@ void Designer::AdjustNodes(const QList<FormNode*>& nodes)
     }
 }
 
+void Designer::MakeNode(FormNode& node, QList<WeakRef<TComponent>>& made)
+{
+    auto* parent = node.parent() ? FForm->ComponentOf(node.parent()) : nullptr;
+    if (!parent || FForm->ComponentOf(&node) || !FForm->IsInFile(node))
+        return; // what has no parent yet comes with it
+    if (node.kind() != FormNode::Kind::Inherited) {
+        for (auto* component : FForm->BuildNode(node, RootFinder()))
+            made << WeakRef<TComponent>(component);
+        return;
+    }
+    auto* owner = parent;
+    while (owner != Root() && !owner->HasState(csInline))
+        owner = owner->Owner();
+    auto* inherited = owner->FindComponent(node.name());
+    if (!inherited)
+        return;
+    FForm->Bind(node, *inherited);
+    for (const auto* property : node.properties())
+        FForm->ReadProperty(node, property->name(), RootFinder());
+    for (auto* child : node.children())
+        MakeNode(*child, made);
+}
+
 void Designer::MakeWhatIsNew(const QList<FormNode*>& nodes)
 {
     QList<WeakRef<TComponent>> made;
-    for (auto* node : nodes) {
-        if (FForm->ComponentOf(node) || !FForm->IsInFile(*node) || node == &FForm->Document().root())
-            continue;
-        if (node->kind() == FormNode::Kind::Inherited) {
-            if (auto* inherited = Root()->FindComponent(node->name()))
-                FForm->Bind(*node, *inherited);
-            continue;
-        }
-        const auto outer = std::find_if(
-            nodes.begin(), nodes.end(), [node](const FormNode* other) { return other == node->parent(); });
-        if (outer != nodes.end() && !FForm->ComponentOf(*outer))
-            continue; // comes with its parent
-        for (auto* component : FForm->BuildNode(*node, RootFinder()))
-            made << WeakRef<TComponent>(component);
-    }
+    for (auto* node : nodes)
+        MakeNode(*node, made);
     QList<TPersistent*> present;
     for (const auto& component : std::as_const(made)) {
         if (component)
@@ -131,34 +141,50 @@ void Designer::MakeWhatIsNew(const QList<FormNode*>& nodes)
         Select(present);
 }
 
+// The value that holds when the file says nothing: the ancestor's, else the class's own.
+void Designer::ReadUnsaid(TComponent& component, const QString& path)
+{
+    const auto place = FormProperties::FindWhole(component, path);
+    FForm->Links().Forget(place.Instance, place.Name);
+    const FormProperties::Taking taking(component);
+    if (auto* inherited = Inherited(*place.Instance))
+        TakeOver(*inherited, &component == Root() ? QString() : component.Name(), place.Name);
+    else
+        FormProperties::Reset(component, path);
+}
+
 void Designer::ReadTouched(const QList<FormTouch>& touches)
 {
     QSet<std::pair<FormNode*, QString>> seen;
-    QList<TPersistent*> changed;
+    QList<WeakRef<TComponent>> changed;
+    QList<WeakRef<TComponent>> unsaid;
     for (const auto& touch : touches) {
-        auto* component = FForm->ComponentOf(touch.Node);
+        const WeakRef<TComponent> component(FForm->ComponentOf(touch.Node));
         if (!component || touch.Property.isEmpty() || seen.contains({ touch.Node, touch.Property }))
             continue;
         seen.insert({ touch.Node, touch.Property });
         const bool inFile = FForm->IsInFile(*touch.Node);
-        const WeakRef<TComponent> kept(component);
-        if (!inFile || !FForm->ReadProperty(*touch.Node, touch.Property, RootFinder())) {
-            const auto place = FormProperties::Find(*component, touch.Property);
-            FForm->Links().Forget(place.Instance, place.Name);
-            if (auto* inherited = Inherited(*place.Instance))
-                TakeOver(*inherited, component == Root() ? QString() : component->Name(), place.Name);
-            else
-                FormProperties::Reset(*component, touch.Property);
-        }
-        if (!inFile && component->HasState(csAncestor))
-            FForm->Unbind(*component);
-        if (!kept)
+        if (!inFile || !FForm->ReadProperty(*touch.Node, touch.Property, RootFinder()))
+            ReadUnsaid(*component.get(), touch.Property);
+        if (!inFile)
+            unsaid << component;
+        if (!component)
             continue;
-        const auto place = FormProperties::Find(*component, touch.Property);
+        const auto place = FormProperties::FindWhole(*component.get(), touch.Property);
         PassOn(*place.Instance, place.Name);
-        if (!changed.contains(component))
-            changed << component;
+        changed << component;
     }
-    if (Selection().isEmpty() && !changed.isEmpty())
-        Select(changed);
+    for (const auto& component : std::as_const(unsaid))
+        if (component && component->HasState(csAncestor)) {
+            FForm->Unbind(*component.get());
+            FForm->Know(*component.get());
+        }
+    if (!Selection().isEmpty())
+        return;
+    QList<TPersistent*> present;
+    for (const auto& component : std::as_const(changed))
+        if (component && !present.contains(component.get()))
+            present << component.get();
+    if (!present.isEmpty())
+        Select(present);
 }

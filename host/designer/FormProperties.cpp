@@ -67,6 +67,27 @@ Place Find(TPersistent& instance, const QString& path)
     return object ? Find(*object, path.mid(dot + 1)) : Place { &instance, path, nullptr };
 }
 
+Place FindWhole(TPersistent& instance, const QString& path)
+{
+    const QLatin1String lines(".Strings");
+    const auto list = path.endsWith(lines, Qt::CaseInsensitive) ? Find(instance, path.chopped(lines.size())) : Place();
+    return list.Info && list.Info->IsSubObject ? list : Find(instance, path);
+}
+
+Taking::Taking(TComponent& component)
+    : FComponent(&component)
+    , FWasLoading(component.HasState(csLoading))
+{
+    component.SetComponentState(component.ComponentState() | csLoading);
+}
+
+Taking::~Taking()
+{
+    auto* component = FComponent.get();
+    if (component && !FWasLoading)
+        component->SetComponentState(component->ComponentState() & ~TComponentState(csLoading));
+}
+
 void Read(TPersistent& instance, const FormProperty& property, TComponent& scope, FormLinks& links)
 {
     const auto place = Find(instance, property.name());

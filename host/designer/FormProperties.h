@@ -16,6 +16,21 @@ struct Place {
     const TPropInfo* Info = nullptr;
 };
 Place Find(TPersistent& instance, const QString& path);
+// The same, except that the lines of a list ("SQL.Strings") are the list ("SQL").
+Place FindWhole(TPersistent& instance, const QString& path);
+
+// While one lives, a component takes its values as they are, as when its form is read: nothing sizes itself by them.
+class Taking {
+public:
+    explicit Taking(TComponent& component);
+    Taking(const Taking&) = delete;
+    Taking& operator=(const Taking&) = delete;
+    ~Taking();
+
+private:
+    WeakRef<TComponent> FComponent;
+    bool FWasLoading;
+};
 
 // Gives the object the value that the file has. References become links. A value that the object does not take stays
 // with the file alone.

@@ -309,6 +309,7 @@ bool LiveForm::ReadProperty(const FormNode& node, const QString& property, const
     if (!component || !line)
         return false;
     auto* scope = component->Owner() && component->Owner()->HasState(csInline) ? component->Owner() : FRoot.get();
+    const FormProperties::Taking taking(*component);
     const auto place = FormProperties::Find(*component, property);
     FLinks.Forget(place.Instance, place.Name);
     FormProperties::Read(*component, *line, *scope, FLinks);

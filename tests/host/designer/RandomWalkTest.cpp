@@ -211,7 +211,7 @@ protected:
 TEST_F(RandomWalk, LiveFormsAreWhatTheirFilesSayAndUndoGoesBackByteForByte)
 {
     SCOPED_TRACE("MORVANE_SEED=" + std::to_string(Seed));
-    for (int round = 0; round < 2; ++round) {
+    for (int round = 0; round < 6; ++round) {
         const auto first = Files();
         TheHost->Undo().Clear();
         for (int i = 0; i < 25; ++i) {
