@@ -212,35 +212,35 @@ TEST_F(CreatingControls, SaysWhichControlIsNotInstalled)
 
 TEST_F(CreatingControls, BindsAGridsViewByItsController)
 {
-    OpenForm(u"object cxGrid1DBTableView1: TcxGridDBTableView\nend"_qs);
-    Personality()->AddDataSetInfo(u"cxGrid"_qs, u"TcxGrid"_qs);
-    Personality()->SetDefaultDataSetInfo(u"TcxGrid"_qs);
+    OpenForm(u"object ViewGrid1DBTableView1: TGridView\nend"_qs);
+    Personality()->AddDataSetInfo(u"ViewGrid"_qs, u"TViewGrid"_qs);
+    Personality()->SetDefaultDataSetInfo(u"TViewGrid"_qs);
     List->IntfPreferencesWasChanged();
     Drop(DataSet(u"MainForm.Books"_qs), 10, 10);
     auto* source = Component(u"MainForm.DataSource1"_qs);
-    auto* controller = GetObjectProp(Component(u"MainForm.cxGrid1DBTableView1"_qs), u"DataController"_qs);
+    auto* controller = GetObjectProp(Component(u"MainForm.ViewGrid1DBTableView1"_qs), u"DataController"_qs);
     EXPECT_EQ(GetObjectProp(controller, u"DataSource"_qs), source);
-    EXPECT_EQ(GetObjectProp(Control(u"cxGrid1"_qs), u"DataSource"_qs), source);
+    EXPECT_EQ(GetObjectProp(Control(u"ViewGrid1"_qs), u"DataSource"_qs), source);
 }
 
 TEST_F(CreatingControls, BindsAGridWithoutAViewByItsOwnProperty)
 {
     OpenForm();
-    Personality()->AddDataSetInfo(u"cxGrid"_qs, u"TcxGrid"_qs);
-    Personality()->SetDefaultDataSetInfo(u"TcxGrid"_qs);
+    Personality()->AddDataSetInfo(u"ViewGrid"_qs, u"TViewGrid"_qs);
+    Personality()->SetDefaultDataSetInfo(u"TViewGrid"_qs);
     List->IntfPreferencesWasChanged();
     Drop(DataSet(u"MainForm.Books"_qs), 10, 10);
-    EXPECT_EQ(GetObjectProp(Control(u"cxGrid1"_qs), u"DataSource"_qs), Component(u"MainForm.DataSource1"_qs));
+    EXPECT_EQ(GetObjectProp(Control(u"ViewGrid1"_qs), u"DataSource"_qs), Component(u"MainForm.DataSource1"_qs));
 }
 
 TEST_F(CreatingControls, BindsControlsThatHoldTheirBindingInAnObject)
 {
     OpenForm();
     auto vcl = Personality();
-    vcl->AddFieldInfo(vcl->GetFieldGroupIndex(u"ftString"_qs), u"cxEdit"_qs, u"TcxDBEdit"_qs);
+    vcl->AddFieldInfo(vcl->GetFieldGroupIndex(u"ftString"_qs), u"BoundEdit"_qs, u"TBoundEdit"_qs);
     Field(u"MainForm.Books"_qs, u"BooksTitle"_qs)->IntfSetCtrlIndex(2);
     Drop(Field(u"MainForm.Books"_qs, u"BooksTitle"_qs), 10, 10);
-    auto* binding = GetObjectProp(Control(u"cxDBEdit1"_qs), u"DataBinding"_qs);
+    auto* binding = GetObjectProp(Control(u"BoundEdit1"_qs), u"DataBinding"_qs);
     EXPECT_EQ(GetStrProp(binding, u"DataField"_qs), u"Title"_qs);
     EXPECT_EQ(GetObjectProp(binding, u"DataSource"_qs), Component(u"MainForm.DataSource1"_qs));
 }

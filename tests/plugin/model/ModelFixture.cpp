@@ -74,7 +74,7 @@ TClass TestLabel::Class()
 
 void RegisterTestControls()
 {
-    if (GetClass(u"TDBEdit"_qs))
+    if (GetClass(u"TUnbound"_qs))
         return;
     const auto source = StoredProperty(u"DataSource"_qs, SourceType);
     const auto field = StoredProperty(u"DataField"_qs, TextType);
@@ -84,11 +84,11 @@ void RegisterTestControls()
     DefineControl(u"TDBGrid"_qs, TWinControl::Class(), { source }, { 320, 120 });
     DefineControl(u"TDBCtrlGrid"_qs, TWinControl::Class(), { source }, { 300, 216 });
     DefineControl(u"TUnbound"_qs, TWinControl::Class(), {}, { 75, 25 });
-    DefineControl(u"TcxGrid"_qs, TWinControl::Class(), { source }, { 250, 200 });
+    DefineControl(u"TViewGrid"_qs, TWinControl::Class(), { source }, { 250, 200 });
     DefineControl(
-        u"TcxDBEdit"_qs, TWinControl::Class(), { source, field, BindingProperty(u"DataBinding"_qs) }, { 121, 21 });
+        u"TBoundEdit"_qs, TWinControl::Class(), { source, field, BindingProperty(u"DataBinding"_qs) }, { 121, 21 });
     auto view = std::make_unique<TClassInfo>();
-    view->Name = u"TcxGridDBTableView"_qs;
+    view->Name = u"TGridView"_qs;
     view->Parent = TComponent::Class();
     view->Properties = { BindingProperty(u"DataController"_qs) };
     RegisterClass(DefineClass(std::move(view)));

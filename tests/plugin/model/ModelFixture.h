@@ -105,5 +105,6 @@ protected:
     InterfacePtr<TDataSetList> List;
 };
 
-// Registers plain data controls, once: TLabel, TDBEdit, TDBMemo, TDBGrid, TDBCtrlGrid, TcxGrid, TcxDBEdit.
+// Registers plain data controls, once: TLabel, TDBEdit, TDBMemo, TDBGrid, TDBCtrlGrid; TUnbound, which binds to
+// nothing; TViewGrid, which a TGridView binds; TBoundEdit, whose DataBinding binds.
 void RegisterTestControls();
