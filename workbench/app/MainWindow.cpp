@@ -10,12 +10,15 @@
 #include "services/Project.h"
 #include "ui/TMainMenuBar.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileInfo>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTabBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <QToolBar>
 
 // What the window is made of, and how it follows the host.
@@ -56,6 +59,13 @@ MainWindow::~MainWindow()
     FSession.reset();
 }
 
+namespace {
+
+// How often it is looked whether a mouse button was let go; milliseconds.
+constexpr int FrontDelay = 60;
+
+}
+
 void MainWindow::BuildMenu()
 {
     MainMenu::Build(*FMenu, [this](Command command) { AtEventBorder([&] { Execute(command); }); });
@@ -78,6 +88,7 @@ void MainWindow::BuildDocks()
     FTabs->setTabsClosable(true);
     FTabs->setMovable(true);
     FTabs->setDocumentMode(true);
+    FTabs->tabBar()->setChangeCurrentOnDrag(true);
     setCentralWidget(FTabs);
     connect(FTabs, &QTabWidget::currentChanged, this, &MainWindow::NoteFront);
     connect(FTabs, &QTabWidget::tabCloseRequested, this, [this](int index) {
@@ -283,9 +294,15 @@ void MainWindow::SyncViews()
 void MainWindow::ShowInFront(const Module* module)
 {
     auto* view = module ? ViewOf(*module) : nullptr;
+    const bool isOther = view && FTabs->currentWidget() != view;
+    // A press on a field in the tree selects it on its own form, which then wants to be in front. But the press may
+    // begin a drag onto the form that is in front now: that stays until the button is let go.
+    if (isOther && FTabs->count() > 1 && QApplication::mouseButtons() != Qt::NoButton) {
+        QTimer::singleShot(FrontDelay, this, [this] { RefreshLater(); });
+        return;
+    }
     if (!view)
         return;
-    const bool isOther = FTabs->currentWidget() != view;
     FTabs->setCurrentWidget(view);
     if (isOther && view->Surface() && module->FrontView() == Module::View::Form)
         view->ShowForm();
