@@ -1,0 +1,138 @@
+#include "workbench/app/WindowFixture.h"
+
+#include <QCloseEvent>
+#include <QTreeWidget>
+
+class MainWindowTest : public WindowFixture {
+protected:
+    MainWindowTest()
+    {
+        Shop.Form(QStringLiteral("MainForm"), QStringLiteral("object Button1: TButton\n Left = 8\n Top = 8\nend"))
+            .DataModule(QStringLiteral("Data"),
+                QStringLiteral(
+                    "object Books: TZAQuery\n object BooksTitle: TStringField\n FieldName = 'Title'\n end\nend"));
+    }
+    void MoveTheButton()
+    {
+        auto& designer = FormModule(QStringLiteral("MainForm")).TheDesigner();
+        designer.SelectComponent(designer.GetComponent(QStringLiteral("Button1")));
+        Window->ViewOf(FormModule(QStringLiteral("MainForm")))->Surface()->MoveSelection({ 8, 0 });
+        Settle();
+    }
+    bool Close()
+    {
+        QCloseEvent event;
+        QCoreApplication::sendEvent(Window.get(), &event);
+        return event.isAccepted();
+    }
+
+    ScriptedProject Shop;
+};
+
+TEST_F(MainWindowTest, ThePluginsWindowIsDockedOnTheRightAndShownAtFirst)
+{
+    Start();
+    EXPECT_EQ(Window->dockWidgetArea(&ToolWindow()), Qt::RightDockWidgetArea);
+    EXPECT_TRUE(ToolWindow().IsWindowVisible());
+}
+
+TEST_F(MainWindowTest, ThePluginsWindowComesBackAsItWasLeft)
+{
+    Start();
+    ToolWindow().hide();
+    EXPECT_TRUE(Close());
+    Start();
+    EXPECT_FALSE(ToolWindow().IsWindowVisible());
+}
+
+TEST_F(MainWindowTest, ThePluginHasItsItemInTheToolsMenu)
+{
+    Start();
+    auto* tools = Window->Menu().Items().FindByName(QStringLiteral("ToolsMenu"));
+    ASSERT_NE(tools, nullptr);
+    EXPECT_NE(tools->Find(QStringLiteral("Morvane")), nullptr);
+}
+
+TEST_F(MainWindowTest, EachOpenModuleHasATab)
+{
+    Start(Shop.Write());
+    EXPECT_EQ(Tabs(), QStringList({ QStringLiteral("MainForm"), QStringLiteral("Data") }));
+    Window->TheHost().CloseModule(FormModule(QStringLiteral("MainForm")));
+    Settle();
+    EXPECT_EQ(Tabs(), QStringList(QStringLiteral("Data")));
+}
+
+TEST_F(MainWindowTest, AChangedModuleIsMarkedUntilItIsSaved)
+{
+    Start(Shop.Write());
+    EXPECT_FALSE(Window->isWindowModified());
+    MoveTheButton();
+    EXPECT_EQ(Tabs().first(), QStringLiteral("MainForm*"));
+    EXPECT_TRUE(Window->isWindowModified());
+    Window->Execute(Command::SaveAll);
+    Settle();
+    EXPECT_EQ(Tabs().first(), QStringLiteral("MainForm"));
+    EXPECT_TRUE(ScriptedProject::Read(Shop.FormOf(QStringLiteral("MainForm"))).contains("Left = 16"));
+}
+
+TEST_F(MainWindowTest, ChangesAreNotLostWithoutAWord)
+{
+    Start(Shop.Write());
+    MoveTheButton();
+    EXPECT_FALSE(Close());
+    EXPECT_EQ(Questions, QStringList(QStringLiteral("Save changes to MainFormUnit.pas?")));
+    Answer = mrNo;
+    EXPECT_TRUE(Close());
+    EXPECT_TRUE(ScriptedProject::Read(Shop.FormOf(QStringLiteral("MainForm"))).contains("Left = 8"));
+}
+
+TEST_F(MainWindowTest, UndoAndRedoFollowTheGestures)
+{
+    Start(Shop.Write());
+    EXPECT_FALSE(MainMenu::Item(Window->Menu(), Command::Undo).Enabled());
+    MoveTheButton();
+    EXPECT_TRUE(MainMenu::Item(Window->Menu(), Command::Undo).Enabled());
+    Window->Execute(Command::Undo);
+    Settle();
+    EXPECT_FALSE(Window->TheHost().IsModified());
+    EXPECT_TRUE(MainMenu::Item(Window->Menu(), Command::Redo).Enabled());
+}
+
+TEST_F(MainWindowTest, TheStatusBarTellsWhyTheTreeIsEmpty)
+{
+    Start();
+    EXPECT_EQ(Status(), QStringLiteral("Open a project: File > Open Project"));
+}
+
+TEST_F(MainWindowTest, ProblemsInFilesAreListedWithTheirPlace)
+{
+    Shop.Form(QStringLiteral("Broken")).FormFile(QStringLiteral("Broken"), "object Broken: TBroken\n  Left = \nend\n");
+    Start(Shop.Write());
+    const auto* list = Window->findChild<QTreeWidget*>(QStringLiteral("ProblemList"));
+    ASSERT_EQ(list->topLevelItemCount(), 1);
+    EXPECT_EQ(list->topLevelItem(0)->text(1), QStringLiteral("BrokenUnit.dfm"));
+    EXPECT_FALSE(list->topLevelItem(0)->text(2).isEmpty());
+    EXPECT_EQ(Tabs().size(), 3);
+}
+
+TEST_F(MainWindowTest, AProjectConnectsOnlyOnceItIsAllowedTo)
+{
+    Start(Shop.Write());
+    Window->Execute(Command::AllowConnections);
+    Settle();
+    EXPECT_FALSE(MainMenu::Item(Window->Menu(), Command::AllowConnections).Checked());
+    Answer = mrYes;
+    Window->Execute(Command::AllowConnections);
+    Settle();
+    EXPECT_TRUE(MainMenu::Item(Window->Menu(), Command::AllowConnections).Checked());
+}
+
+TEST_F(MainWindowTest, ThePluginStartsAgainForItsLog)
+{
+    Start(Shop.Write());
+    Window->Execute(Command::KeepLog);
+    Settle();
+    EXPECT_EQ(Exceptions, QStringList());
+    EXPECT_EQ(Window->dockWidgetArea(&ToolWindow()), Qt::RightDockWidgetArea);
+    EXPECT_NE(Window->Menu().Items().FindByName(QStringLiteral("ToolsMenu"))->Find(QStringLiteral("Morvane")), nullptr);
+}

@@ -1,0 +1,7 @@
+#!/bin/sh
+# usage: on-a-display.sh PROGRAM ...
+# Runs the program on a display of its own; ends with 77 where that cannot be.
+for tool in Xvfb xvfb-run xauth xdotool; do
+  command -v $tool >/dev/null || exit 77
+done
+QT_QPA_PLATFORM=xcb exec xvfb-run -a -s "-screen 0 1400x900x24 -nolisten tcp" "$@"
