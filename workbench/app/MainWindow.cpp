@@ -4,11 +4,13 @@
 #include "app/ProblemList.h"
 #include "app/ProjectFiles.h"
 #include "designer/FormSurface.h"
+#include "dialogs/HelpWindow.h"
 #include "dialogs/Questions.h"
 #include "rtl/Guard.h"
 #include "services/Module.h"
 #include "services/Project.h"
 #include "ui/TMainMenuBar.h"
+#include "visual/TApplication.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -45,8 +47,11 @@ MainWindow::MainWindow(SessionOptions options, const QString& settingsFile)
     options.Desktop = this;
     FSession = std::make_unique<Session>(std::move(options));
     FSession->Data().SetLogin(Questions::Login(*this));
+    TApplication::Instance().OnHelp = [this](int, std::intptr_t) {
+        HelpWindow::Show(*this);
+        return !HelpWindow::GuideFile().isEmpty();
+    };
     ConnectFiles();
-    OfferVerbs();
     RestoreWindow();
     Refresh();
 }
@@ -54,6 +59,7 @@ MainWindow::MainWindow(SessionOptions options, const QString& settingsFile)
 MainWindow::~MainWindow()
 {
     FEnding = true;
+    TApplication::Instance().OnHelp = {};
     while (FTabs->count() > 0)
         delete FTabs->widget(0);
     FSession.reset();

@@ -55,7 +55,6 @@ private:
     void BuildDocks();
     void BuildStatusBar();
     void ConnectFiles();
-    void OfferVerbs();
     QDockWidget* Dock(const QString& title, QWidget* widget, Qt::DockWidgetArea area);
     void RestoreWindow();
     void KeepWindow();

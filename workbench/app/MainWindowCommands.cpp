@@ -3,12 +3,10 @@
 #include "app/ModuleView.h"
 #include "app/ProblemList.h"
 #include "configuration/UserConfiguration.h"
-#include "design/DesignIntf.h"
 #include "designer/FormSurface.h"
 #include "dialogs/HelpWindow.h"
 #include "dialogs/LogWindow.h"
 #include "rtl/Guard.h"
-#include "services/ComponentEditors.h"
 #include "services/Module.h"
 #include "services/Project.h"
 
@@ -226,30 +224,4 @@ void MainWindow::ToggleFormSource()
 {
     if (auto* view = CurrentView())
         view->ShowsForm() ? view->ShowSource() : view->ShowForm();
-}
-
-// The two verbs that every component of a form has through the package.
-void MainWindow::OfferVerbs()
-{
-    using Export = void (*)(const char16_t* formName, const char16_t* componentName);
-    struct Row {
-        const char* Caption;
-        const char* Name;
-    };
-    static constexpr Row Rows[]
-        = { { "Show in &Morvane", "ShowMorvane" }, { "&Create default control", "CreateDefaultControl" } };
-    const auto offers = [this](const TComponent& component) {
-        return !dynamic_cast<const TControl*>(&component) && component.Owner()
-            && TheHost().PackageExport("ShowMorvane");
-    };
-    for (const auto& row : Rows)
-        TheHost().Editors().RegisterForAll(offers,
-            { tr(row.Caption),
-                [this, name = row.Name](const TComponent& component, const InterfacePtr<IDesigner>&) {
-                    const auto run = reinterpret_cast<Export>(TheHost().PackageExport(name));
-                    const auto form = component.Owner() ? component.Owner()->Name() : QString();
-                    if (run)
-                        run(form.toStdU16String().c_str(), component.Name().toStdU16String().c_str());
-                },
-                {} });
 }

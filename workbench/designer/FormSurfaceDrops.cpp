@@ -100,9 +100,11 @@ void FormSurface::contextMenuEvent(QContextMenuEvent* event)
     const auto selected = Selected();
     if (!Live())
         return;
-    TPopupMenu menu(this);
-    FillMenu(menu.Items(), selected.isEmpty() ? *Live()->Root() : *selected[0]);
-    menu.Popup(event->globalPos().x(), event->globalPos().y());
+    // Stays while it is open and until the entry that was chosen has run.
+    auto* menu = new TPopupMenu(this);
+    connect(menu, &QMenu::aboutToHide, menu, &QObject::deleteLater);
+    FillMenu(menu->Items(), selected.isEmpty() ? *Live()->Root() : *selected[0]);
+    menu->Popup(event->globalPos().x(), event->globalPos().y());
 }
 
 void FormSurface::mouseDoubleClickEvent(QMouseEvent* event)

@@ -1,6 +1,10 @@
 #include "workbench/app/WindowFixture.h"
 
+#include "ui/TPopupMenu.h"
+
+#include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QTreeWidget>
 
 class MainWindowTest : public WindowFixture {
@@ -102,6 +106,54 @@ TEST_F(MainWindowTest, TheStatusBarTellsWhyTheTreeIsEmpty)
 {
     Start();
     EXPECT_EQ(Status(), QStringLiteral("Open a project: File > Open Project"));
+}
+
+TEST_F(MainWindowTest, TheStatusBarNamesAPersonalityThatIsNotKnown)
+{
+    Shop.Write();
+    auto project = ScriptedProject::Read(Shop.ProjectFile());
+    project.replace("Delphi.Personality.12", "Other.Personality.1").replace("Delphi.Personality", "Other.Personality");
+    ScriptedProject::WriteFile(Shop.ProjectFile(), project);
+    Start(Shop.ProjectFile());
+    EXPECT_TRUE(Status().startsWith(QStringLiteral("The tree is empty: projects of the kind \"Other.Personality")))
+        << qPrintable(Status());
+}
+
+TEST_F(MainWindowTest, AComponentsMenuLeadsToItsNodeInTheTree)
+{
+    Start(Shop.Write());
+    auto& designer = FormModule(QStringLiteral("Data")).TheDesigner();
+    auto* surface = Window->ViewOf(FormModule(QStringLiteral("Data")))->Surface();
+    auto* books = designer.GetComponent(QStringLiteral("Books"));
+    designer.SelectComponent(books);
+    const auto at = surface->RectOf(*books).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, surface->mapToGlobal(at));
+    QCoreApplication::sendEvent(surface, &event);
+    auto* menu = surface->findChild<TPopupMenu*>();
+    ASSERT_NE(menu, nullptr);
+    QStringList captions;
+    for (int i = 0; i < menu->Items().Count(); ++i)
+        captions << menu->Items().Items(i)->Caption();
+    EXPECT_EQ(captions.mid(0, 3),
+        QStringList(
+            { QStringLiteral("Show in Morvane"), QStringLiteral("Create default control"), QStringLiteral("-") }));
+    menu->Items().Find(QStringLiteral("Show in Morvane"))->Click();
+    const auto* selected = ToolWindow().findChild<TCustomTreeView*>()->Selected();
+    ASSERT_NE(selected, nullptr);
+    EXPECT_EQ(selected->Text(), QStringLiteral("Data.Books"));
+}
+
+TEST_F(MainWindowTest, WhereThePaletteIsDarkTheFormIsToo)
+{
+    const auto light = QApplication::palette();
+    QPalette dark(QColor(45, 48, 52));
+    dark.setColor(QPalette::Base, QColor(30, 32, 36));
+    QApplication::setPalette(dark);
+    Start(Shop.Write());
+    Window->grab().save(QStringLiteral(MORVANE_BIN_DIR "/window-dark.png"));
+    const auto form = RenderForm(FormModule(QStringLiteral("MainForm")), Window->TheSession().Packages());
+    QApplication::setPalette(light);
+    EXPECT_LT(form.pixelColor(form.width() / 2, form.height() / 2).lightness(), 80);
 }
 
 TEST_F(MainWindowTest, ProblemsInFilesAreListedWithTheirPlace)
