@@ -15,9 +15,13 @@ option(MORVANE_PCH "Precompile the Qt headers; off in dev so that a missing incl
 set(MORVANE_SANITIZE "" CACHE STRING "Sanitizers, as -fsanitize takes them")
 
 find_program(CCACHE_PROGRAM ccache)
-if(CCACHE_PROGRAM)
+if(CCACHE_PROGRAM AND MORVANE_PCH)
+  # A precompiled header holds the paths of its checkout: what is cached serves this one alone.
   set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
-      "CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime"
+      "CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime" "${CCACHE_PROGRAM}")
+  add_compile_options(-fpch-preprocess)
+elseif(CCACHE_PROGRAM)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
       "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${CCACHE_PROGRAM}")
 endif()
 
