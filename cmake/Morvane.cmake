@@ -32,6 +32,7 @@ endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Werror)
 add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 if(CMAKE_BUILD_TYPE STREQUAL "Debug")
   add_compile_options(-O0 -g1)
 endif()
