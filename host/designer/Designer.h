@@ -134,6 +134,7 @@ private:
     void AdjustNodes(const QList<FormNode*>& nodes);
     void MakeNode(FormNode& node, QList<WeakRef<TComponent>>& made);
     void ReadUnsaid(TComponent& component, const QString& path);
+    void OrderFields(const QList<FormNode*>& nodes);
     void MakeWhatIsNew(const QList<FormNode*>& nodes);
     void ReadTouched(const QList<FormTouch>& touches);
 

@@ -52,6 +52,7 @@ void Designer::Reconcile(const QList<FormTouch>& touches)
     DropWhatIsGone(nodes);
     AdjustNodes(nodes);
     MakeWhatIsNew(nodes);
+    OrderFields(nodes);
     ReadTouched(touches);
     TellModified();
 }
@@ -87,15 +88,24 @@ void Designer::AdjustNodes(const QList<FormNode*>& nodes)
         auto* parent = node->parent() ? FForm->ComponentOf(node->parent()) : nullptr;
         if (parent && component->GetParentComponent() && component->GetParentComponent() != parent)
             component->SetParentComponent(parent);
-        if (DataKinds::IsField(*component) && parent) {
-            int index = 0;
-            for (const auto* sibling : node->parent()->children()) {
-                if (sibling == node)
-                    break;
-                const auto* other = FForm->ComponentOf(sibling);
-                index += other && DataKinds::IsField(*other) ? 1 : 0;
-            }
-            SetPropValue(component, QStringLiteral("Index"), index);
+    }
+}
+
+// The fields of every dataset that was touched stand in the order of the file.
+void Designer::OrderFields(const QList<FormNode*>& nodes)
+{
+    QSet<const FormNode*> parents;
+    for (const auto* node : nodes)
+        if (const auto* parent = FForm->IsInFile(*node) ? node->parent() : nullptr)
+            parents.insert(parent);
+    for (const auto* parent : std::as_const(parents)) {
+        int index = 0;
+        for (const auto* node : parent->children()) {
+            auto* field = FForm->ComponentOf(node);
+            if (!field || !DataKinds::IsField(*field) || field->HasState(csAncestor))
+                continue;
+            SetPropValue(field, QStringLiteral("Index"), index++);
+            PassOn(*field, QStringLiteral("Index"));
         }
     }
 }

@@ -57,10 +57,15 @@ void Set(TPersistent& instance, const QString& property, TComponent* target)
 
 void FormLinks::Resolve(TComponent& root, const FindRoot& otherRoot)
 {
+    // What a form says over what its ancestor says stands behind it.
+    QHash<std::pair<const void*, QString>, qsizetype> last;
+    for (qsizetype i = 0; i < FLinks.size(); ++i)
+        last.insert({ FLinks[i].Instance.Address(), FLinks[i].Property.toLower() }, i);
     QList<FormLink> external;
-    for (const auto& link : std::as_const(FLinks)) {
+    for (qsizetype i = 0; i < FLinks.size(); ++i) {
+        const auto& link = FLinks.at(i);
         auto* instance = link.Instance.get();
-        if (!instance)
+        if (!instance || link.Target.isEmpty() || last.value({ link.Instance.Address(), link.Property.toLower() }) != i)
             continue;
         if (auto* inner = InForm(link, root)) {
             Set(*instance, link.Property, inner);

@@ -2,6 +2,7 @@
 
 #include "classes/TComponent.h"
 
+#include <QHash>
 #include <QList>
 
 #include <functional>
@@ -11,6 +12,7 @@
 struct FormLink {
     WeakRef<TPersistent> Instance;
     QString Property;
+    // Empty for nil, which is said over something else.
     QString Target;
     // Whose components the name is looked up among first: the root, or the frame that the instance stands in.
     WeakRef<TComponent> Scope;

@@ -98,9 +98,10 @@ void Read(TPersistent& instance, const FormProperty& property, TComponent& scope
         strings->SetLines(value.toStringList());
     else if (IsReference(place, value))
         links.Add({ place.Instance, place.Name, value.toString(), &scope });
-    else if (place.Info && place.Info->PropType.Kind == tkClass)
+    else if (place.Info && place.Info->PropType.Kind == tkClass) {
+        links.Add({ place.Instance, place.Name, {}, &scope });
         SetValue(*place.Instance, place.Name, place.Info, QVariant::fromValue<TPersistent*>(nullptr));
-    else if (place.Info || !ReadDesignPosition(*place.Instance, place.Name, value))
+    } else if (place.Info || !ReadDesignPosition(*place.Instance, place.Name, value))
         SetValue(*place.Instance, place.Name, place.Info,
             FormValues::ToVariant(value, place.Info ? &place.Info->PropType : nullptr));
 }
@@ -115,6 +116,19 @@ void ReadBounds(TControl& control, const FormNode& node, const GeometryPlaces& p
         at(places.Width, control.Width()), at(places.Height, control.Height()) });
 }
 
+namespace {
+
+// The value that an object has when it is made; invalid for one that cannot be made by itself.
+QVariant ValueOfNew(const TPersistent& object, const TPropInfo& info)
+{
+    if (!dynamic_cast<const TComponent*>(&object) || object.ClassType().IsAbstract())
+        return {};
+    const std::unique_ptr<TPersistent> sample(object.ClassType().Create(nullptr));
+    return info.Get(sample.get());
+}
+
+}
+
 void Reset(TPersistent& instance, const QString& path)
 {
     const auto place = Find(instance, path);
@@ -123,7 +137,8 @@ void Reset(TPersistent& instance, const QString& path)
         return;
     }
     if (!place.Info) {
-        place.Instance->SetStoredValue(place.Name, {});
+        if (!ReadDesignPosition(*place.Instance, place.Name, FormValue::integer(0)))
+            place.Instance->SetStoredValue(place.Name, {});
         return;
     }
     if (place.Info->IsSubObject) {
@@ -136,6 +151,8 @@ void Reset(TPersistent& instance, const QString& path)
         value = QVariant::fromValue<TPersistent*>(nullptr);
     else if (!value.isValid() && place.Info->PropType.Kind == tkString)
         value = QString();
+    else if (!value.isValid())
+        value = ValueOfNew(*place.Instance, *place.Info);
     SetValue(*place.Instance, place.Name, place.Info, value);
 }
 

@@ -1,4 +1,4 @@
-#include "classes/Controls.h"
+#include "classes/Forms.h"
 #include "designer/FormProperties.h"
 #include "designer/FormValues.h"
 #include "designer/LiveForm.h"
@@ -182,6 +182,16 @@ void LiveForm::WriteValue(TPersistent& instance, const TPropInfo* info, const QS
                 Write(node, there, FormValue::real(info->Get(&instance).toDouble()));
                 return;
             }
+    if (const auto* form = dynamic_cast<TCustomForm*>(&instance);
+        form && (SameText(name, u"Width") || SameText(name, u"Height"))) {
+        // A form keeps the size of its client area; files of old have the outer one.
+        const auto client = QLatin1String("Client") + name;
+        if (node.property(client) || !node.property(path))
+            Write(node, client, FormValue::integer(info->Get(form).toLongLong()));
+        if (node.property(path))
+            Write(node, path, FormValue::integer(info->Get(form).toLongLong()));
+        return;
+    }
     if (!info) {
         const auto value = instance.StoredValue(name);
         const auto* there = node.property(path);

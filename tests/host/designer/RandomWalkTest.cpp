@@ -56,7 +56,7 @@ protected:
         ? quint32(qEnvironmentVariableIntValue("MORVANE_SEED"))
         : 20260101U;
     QRandomGenerator Random { Seed };
-    const QStringList Forms { u"BaseForm"_qs, u"OrdersForm"_qs, u"Data"_qs };
+    QList<Module*> Forms;
     int Names = 0;
 
     void SetUp() override
@@ -75,10 +75,12 @@ protected:
             "object BooksTitle: TStringField\nFieldName = 'Title'\nSize = 80\nend\nend"_qs);
         Open(shop);
         Kept = shop.TakeFolder();
+        for (const auto* form : { "BaseForm", "OrdersForm", "Data" })
+            Forms << &FormOf(QString::fromLatin1(form));
     }
 
     int Below(int limit) { return int(Random.bounded(limit)); }
-    Designer& SomeDesigner() { return DesignerOf(Forms[Below(int(Forms.size()))]); }
+    Designer& SomeDesigner() { return Forms[Below(int(Forms.size()))]->TheDesigner(); }
     TComponent* SomeComponent(Designer& designer)
     {
         const auto& components = designer.Root()->Components();
@@ -89,7 +91,7 @@ protected:
     {
         const QStringList data { u"TZAQuery"_qs, u"TDataSource"_qs, u"TZAConnection"_qs };
         const QStringList visual { u"TEdit"_qs, u"TPanel"_qs, u"TDBEdit"_qs, u"TLabel"_qs };
-        const bool isData = designer.RootName() == QLatin1String("Data") || Below(2) == 0;
+        const bool isData = &designer == &Forms[2]->TheDesigner() || Below(2) == 0;
         const auto name = isData ? data[Below(3)] : visual[Below(4)];
         designer.CreateComponent(GetClass(name), SomeComponent(designer), Below(300), Below(200), 0, 0);
     }
@@ -162,15 +164,15 @@ protected:
     QList<QByteArray> Files()
     {
         QList<QByteArray> files;
-        for (const auto& form : Forms)
-            files << HostFixture::FormText(form) << UnitText(form);
+        for (auto* form : Forms)
+            files << form->TheDesigner().Form()->Document().bytes() << form->Unit()->Files().first().Bytes;
         return files;
     }
     std::string Live()
     {
         std::string text;
-        for (const auto& form : Forms)
-            text += LiveText(*Component(form)) + "\n\n";
+        for (auto* form : Forms)
+            text += LiveText(*form->TheDesigner().Root()) + "\n\n";
         return text;
     }
     // What the files say when they are read anew.
@@ -179,10 +181,10 @@ protected:
         ::Problems problems;
         std::string text;
         std::vector<std::unique_ptr<LiveForm>> forms;
-        for (const auto& form : Forms) {
-            const auto bytes = HostFixture::FormText(form);
+        for (auto* form : Forms) {
+            const auto bytes = form->TheDesigner().Form()->Document().bytes();
             auto read = FormDocument::read(bytes);
-            forms.push_back(std::make_unique<LiveForm>(std::move(*read), bytes, FormOf(form)));
+            forms.push_back(std::make_unique<LiveForm>(std::move(*read), bytes, *form));
         }
         const auto find = [&forms](const QString& name) -> TComponent* {
             for (const auto& form : forms)
