@@ -165,7 +165,7 @@ private:
     InterfacePtr<IMrvPreferences> _GetPreferences() const;
     void WireHandlers();
     void BuildFromProject(const InterfacePtr<IOTAProject>& project, TComponentList& list);
-    void BuildFromOpenModules(TComponentList& list);
+    void BuildFromOpenModules(const InterfacePtr<IOTAProject>& project, TComponentList& list);
     void EndMultiDelete();
     void GuardMultiDelete(const InterfacePtr<IDesigner>& designer);
     void TakeFieldDeletion(TObject* sender, TField* field);

@@ -49,7 +49,7 @@ void TDataSetList::BuildDataSetList(WordBool clearFirst)
         if (_GetScanAll())
             BuildFromProject(project, list);
         else
-            BuildFromOpenModules(list);
+            BuildFromOpenModules(project, list);
     }
     if (IsEventEnabled(deDataSetListLoad) && FEvents)
         FEvents->OnProjectOpened();
@@ -85,13 +85,28 @@ void TDataSetList::BuildFromProject(const InterfacePtr<IOTAProject>& project, TC
     }
 }
 
-void TDataSetList::BuildFromOpenModules(TComponentList& list)
+namespace {
+
+// What IsModuleFromProject answers yes for, asked of the project once and not once a module.
+QSet<QString> ModuleFiles(IOTAProject& project)
+{
+    QSet<QString> files;
+    for (int i = 0; i < project.GetModuleCount(); ++i)
+        if (const auto info = project.GetModule(i))
+            files << info->GetFileName().toCaseFolded();
+    return files;
+}
+
+}
+
+void TDataSetList::BuildFromOpenModules(const InterfacePtr<IOTAProject>& project, TComponentList& list)
 {
     const auto services = FSvcManager->GetModuleSvc();
+    const auto files = ModuleFiles(*project);
     const int count = services->GetModuleCount();
     for (int i = 0; i < count; ++i) {
         const auto module = services->GetModule(i);
-        if (!module || !FSvcManager->IsModuleFromProject(module->GetFileName()))
+        if (!module || !files.contains(module->GetFileName().toCaseFolded()))
             continue;
         FSvcManager->AddModuleNotifier(module);
         FSvcManager->AddFormNotifier(module);
