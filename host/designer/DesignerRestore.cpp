@@ -147,6 +147,11 @@ void Designer::MakeWhatIsNew(const QList<FormNode*>& nodes)
         if (component)
             present << component.get();
     }
+    // In the forms that inherit, too, what refers to another of them finds it now that all are there.
+    for (const auto& component : std::as_const(made))
+        for (const auto* property : GetPropList(component ? component->ClassType() : TClass(), { tkClass }, false))
+            if (component && !property->IsSubObject)
+                PassOn(*component.get(), property->Name);
     if (!present.isEmpty())
         Select(present);
 }
