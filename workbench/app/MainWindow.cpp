@@ -205,7 +205,9 @@ void MainWindow::FormUnregistered(TDockableForm* form)
 
 void MainWindow::StartPlugin()
 {
+    OfferToRestore();
     FPluginFailure = FSession->LoadPlugin();
+    FConfigurationTrouble = ConfigurationTrouble();
     if (!FPluginFailure.isEmpty())
         AddProblem({ {}, 0, 0, FPluginFailure, Problem::Error });
     RefreshLater();

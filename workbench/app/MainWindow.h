@@ -69,6 +69,8 @@ private:
     void UpdateStatus();
     QString StatusText();
     QString ConfigurationTrouble() const;
+    void OfferToRestore();
+    Failure Restore();
 
     void AddProblem(const Problem& problem);
     void Tell(const Failure& failure);
@@ -103,6 +105,8 @@ private:
     QPointer<TDockableForm> FToolWindow;
     QLabel* FStatus = nullptr;
     QString FPluginFailure;
+    // What keeps the configuration from being used, as it was when the plug-in started.
+    QString FConfigurationTrouble;
     bool FRefreshing = false;
     bool FRefreshWaits = false;
     bool FEnding = false;

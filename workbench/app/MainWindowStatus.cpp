@@ -43,12 +43,12 @@ QString MainWindow::ConfigurationTrouble() const
 QString MainWindow::StatusText()
 {
     const auto* project = TheHost().ActiveProject();
+    if (!FConfigurationTrouble.isEmpty())
+        return FConfigurationTrouble;
     if (!FPluginFailure.isEmpty())
         return tr("Morvane does not run: %1").arg(FPluginFailure);
     if (!FToolWindow)
         return tr("Morvane is not loaded");
-    if (const auto trouble = ConfigurationTrouble(); !trouble.isEmpty())
-        return trouble;
     if (!project)
         return tr("Open a project: File > Open Project");
     const auto& personality = project->Description().Personality;
@@ -122,6 +122,29 @@ void MainWindow::ToggleLog()
     RestartPlugin();
 }
 
+// The last configuration that could be read, or the starter where there was none.
+Failure MainWindow::Restore()
+{
+    const UserConfiguration configuration(FSession->ConfigurationFolder());
+    return configuration.HasGoodCopy() ? configuration.RestoreGoodCopy() : configuration.ReplaceByStarter();
+}
+
+void MainWindow::OfferToRestore()
+{
+    const UserConfiguration configuration(FSession->ConfigurationFolder());
+    const auto error = configuration.FindError();
+    if (!error)
+        return;
+    AddProblem(*error);
+    const auto question = configuration.HasGoodCopy()
+        ? tr("The configuration cannot be read:\n\n%1\n\nPut the last one that could be read in its place? What is "
+             "there now is kept as %2.")
+        : tr("The configuration cannot be read:\n\n%1\n\nPut the starter configuration in its place? What is there "
+             "now is kept as %2.");
+    if (MessageDlg(question.arg(error->ToString(), configuration.ReplacedName()), mtWarning, mbYes | mbNo) == mrYes)
+        Tell(Restore());
+}
+
 void MainWindow::RestoreConfiguration()
 {
     const UserConfiguration configuration(FSession->ConfigurationFolder());
@@ -135,6 +158,6 @@ void MainWindow::RestoreConfiguration()
     if (MessageDlg(question, mtConfirmation, mbYes | mbNo) != mrYes)
         return;
     TheHost().UnloadPackage(PluginFile());
-    Tell(hasGood ? configuration.RestoreGoodCopy() : configuration.ReplaceByStarter());
+    Tell(Restore());
     RestartPlugin();
 }

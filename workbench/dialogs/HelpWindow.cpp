@@ -4,7 +4,28 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QTextBrowser>
+
+namespace {
+
+// Shows pictures no wider than its text.
+class GuideBrowser : public QTextBrowser {
+public:
+    using QTextBrowser::QTextBrowser;
+
+protected:
+    QVariant loadResource(int type, const QUrl& name) override
+    {
+        const auto loaded = QTextBrowser::loadResource(type, name);
+        const auto bytes = loaded.toByteArray();
+        const auto image = type == QTextDocument::ImageResource ? QImage::fromData(bytes) : QImage();
+        constexpr int widest = 690;
+        return image.width() > widest ? QVariant(image.scaledToWidth(widest, Qt::SmoothTransformation)) : loaded;
+    }
+};
+
+}
 
 QString HelpWindow::GuideFile()
 {
@@ -20,7 +41,7 @@ void HelpWindow::Show(QWidget& parent)
 {
     auto* window = parent.findChild<QTextBrowser*>(QStringLiteral("HelpWindow"), Qt::FindDirectChildrenOnly);
     if (!window) {
-        window = new QTextBrowser(&parent);
+        window = new GuideBrowser(&parent);
         window->setObjectName(QStringLiteral("HelpWindow"));
         window->setWindowFlag(Qt::Window);
         window->setWindowTitle(QObject::tr("Morvane User Guide"));

@@ -1,5 +1,6 @@
 #include "workbench/app/WindowFixture.h"
 
+#include "configuration/UserConfiguration.h"
 #include "ui/TPopupMenu.h"
 
 #include <QApplication>
@@ -177,6 +178,21 @@ TEST_F(MainWindowTest, AProjectConnectsOnlyOnceItIsAllowedTo)
     Window->Execute(Command::AllowConnections);
     Settle();
     EXPECT_TRUE(MainMenu::Item(Window->Menu(), Command::AllowConnections).Checked());
+}
+
+TEST_F(MainWindowTest, AConfigurationThatCannotBeReadIsReplacedWhenThePersonSaysSo)
+{
+    const auto users = Folder.filePath(QStringLiteral("users/"));
+    UserConfiguration(users).Prepare(Registry);
+    ScriptedProject::WriteFile(UserConfiguration(users).FileName(), "<Broken");
+    Answer = mrNo;
+    Start();
+    EXPECT_TRUE(Status().startsWith(QStringLiteral("The configuration cannot be read")));
+    Answer = mrYes;
+    Start();
+    EXPECT_EQ(Questions.size(), 2);
+    EXPECT_EQ(Status(), QStringLiteral("Open a project: File > Open Project"));
+    EXPECT_EQ(ScriptedProject::Read(UserConfiguration(users).FileName()), "<Broken");
 }
 
 TEST_F(MainWindowTest, ThePluginStartsAgainForItsLog)
