@@ -2,6 +2,7 @@
 
 #include "classes/Controls.h"
 #include "ide/MrvServicesProxy.h"
+#include "model/MrvDropDesigner.h"
 #include "rtl/SysUtils.h"
 #include "support/MrvUtils.h"
 
@@ -98,6 +99,7 @@ bool TDBControlTarget::DragOver(TPersistent* target, TDragObject* source, int, i
 void TDBControlTarget::DragDrop(TPersistent* target, TDragObject* source, int x, int y)
 {
     const auto [parentName, ownerName] = DropNames(target);
+    const TDropDesigner drop(Designer());
     for (const auto& item : TMrvDragList(DraggedItems(source)))
         y = item->IntfCreateControl(parentName, ownerName, x, y + 5, true);
 }
