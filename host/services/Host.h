@@ -97,8 +97,6 @@ public:
     Failure Save(Module& module);
     Failure SaveAll();
     bool IsModified() const;
-    // Gives the module's files another name (and folder), and saves it under that name.
-    Failure SaveAs(Module& module, const QString& unitFile);
 
     UndoStack& Undo() { return *FUndo; }
 

@@ -297,11 +297,3 @@ const GeometryPlaces* Module::GeometryOf(TClass aClass) const
 {
     return FHost.GeometryOf(aClass);
 }
-
-void Module::Rename(const QString& unitFile, const QString& formFile)
-{
-    FDescription.FileName = unitFile;
-    FDescription.FormFile = formFile;
-    Notifiers.Walk([&unitFile](IOTAModuleNotifier& listener) { listener.ModuleRenamed(unitFile); });
-    FFormEditor->Notifiers.Destroy();
-}

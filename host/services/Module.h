@@ -47,9 +47,6 @@ public:
     void BringToFront(View view);
     View FrontView() const { return FView; }
 
-    // The files have new names. Tells the listeners: ModuleRenamed, and Destroyed to those of the form.
-    void Rename(const QString& unitFile, const QString& formFile);
-
     // IOTAModule
     QString GetFileName() override;
     int GetModuleFileCount() override;

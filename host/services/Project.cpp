@@ -150,14 +150,3 @@ QString Project::PlainClassName(const QString& name)
 {
     return name.mid(std::max(name.lastIndexOf(u'.'), name.lastIndexOf(u':')) + 1).trimmed();
 }
-
-void Project::RenameModule(const QString& oldUnit, const QString& newUnit, const QString& newForm)
-{
-    const auto found = FByFile.constFind(oldUnit.toLower());
-    if (found == FByFile.constEnd())
-        return;
-    auto& module = FDescription.Modules[*found];
-    module.FileName = newUnit;
-    module.FormFile = newForm;
-    IndexFiles();
-}

@@ -59,8 +59,6 @@ public:
     void ForgetForm(const QString& className);
     // "TForm" of "Vcl.Forms.TForm" and "Forms::TForm".
     static QString PlainClassName(const QString& name);
-    // A module, or the project itself, has another file name.
-    void RenameModule(const QString& oldUnit, const QString& newUnit, const QString& newForm);
     Host& TheHost() { return FHost; }
 
     // IOTAModule, IOTAProject
