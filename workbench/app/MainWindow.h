@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QSettings>
 
+class UserConfiguration;
 class FormSurface;
 class ModuleView;
 class ProblemList;
@@ -71,6 +72,7 @@ private:
     QString ConfigurationTrouble() const;
     void OfferToRestore();
     Failure Restore();
+    void OfferStarter(const UserConfiguration& configuration);
 
     void AddProblem(const Problem& problem);
     void Tell(const Failure& failure);

@@ -122,17 +122,31 @@ void MainWindow::ToggleLog()
     RestartPlugin();
 }
 
-// The last configuration that could be read, or the starter where there was none.
+// The last configuration that could be read in the place of one that cannot; the starter where there is none, and for
+// one that offers no control.
 Failure MainWindow::Restore()
 {
     const UserConfiguration configuration(FSession->ConfigurationFolder());
-    return configuration.HasGoodCopy() ? configuration.RestoreGoodCopy() : configuration.ReplaceByStarter();
+    const bool cannotBeRead = configuration.FindError().has_value();
+    return cannotBeRead && configuration.HasGoodCopy() ? configuration.RestoreGoodCopy()
+                                                       : configuration.ReplaceByStarter();
+}
+
+void MainWindow::OfferStarter(const UserConfiguration& configuration)
+{
+    const auto question = tr("No controls are configured, so that nothing can be dragged:\n\n%1\n\nPut the starter "
+                             "configuration in its place? What is there now is kept as %2.");
+    if (MessageDlg(question.arg(configuration.FileName(), configuration.ReplacedName()), mtConfirmation, mbYes | mbNo)
+        == mrYes)
+        Tell(Restore());
 }
 
 void MainWindow::OfferToRestore()
 {
     const UserConfiguration configuration(FSession->ConfigurationFolder());
     const auto error = configuration.FindError();
+    if (!error && !configuration.OffersControls())
+        return OfferStarter(configuration);
     if (!error)
         return;
     AddProblem(*error);
@@ -148,7 +162,7 @@ void MainWindow::OfferToRestore()
 void MainWindow::RestoreConfiguration()
 {
     const UserConfiguration configuration(FSession->ConfigurationFolder());
-    const bool hasGood = configuration.HasGoodCopy();
+    const bool hasGood = configuration.FindError() && configuration.HasGoodCopy();
     const auto question = hasGood
         ? tr("Put the last configuration that could be read in the place of this one?\n\n%1\n\nWhat is there now is "
              "kept as %2.")
