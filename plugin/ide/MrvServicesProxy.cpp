@@ -165,6 +165,7 @@ void TMrvApiProxy::Attach(const QString& fileName)
 
 void TMrvApiProxy::CreateServices()
 {
+    Assert(bool(MrvConfigurationService), QStringLiteral("MrvServicesProxy"));
     if (IsServed(FProjectPersonality)) {
         Log(QStringLiteral("Try create win32 instances of TMrvInteropServices"));
         MrvConfigurationService->SetAcitvePersonality(prVCL);

@@ -247,6 +247,10 @@ void TMrvToolWindow::MakeTree()
     FDataSetView->FOnBeforeChange = [this](TMrvTreeView* sender, TTreeNode* oldNode, TTreeNode* newNode) {
         OnTreeViewBeforeChange(sender, oldNode, newNode);
     };
+    FDataSetView->FOnNodeDeletion = [this](TTreeNode* node) {
+        if (node == FSelectedNode)
+            FSelectedNode = nullptr;
+    };
     FDataSetView->FOnSelectComponent = [this](QObject*) { SelectComponent(); };
     FDataSetView->FOnActions
         = [this](TMrvTreeView*, int charCode, Qt::KeyboardModifiers) { OnTreeViewActions(charCode); };
@@ -340,16 +344,22 @@ void TMrvToolWindow::contextMenuEvent(QContextMenuEvent* event)
     event->accept();
 }
 
+TTreeNode* TMrvToolWindow::NodeOfComponent(const QString& formName, const QString& componentName) const
+{
+    if (FGroupMode != gmForm)
+        return FDataSetView->FindNodeByName(formName + u'.' + componentName);
+    auto* form = FDataSetView->FindGroupNode(formName);
+    return form ? FDataSetView->FindChildNodeByName(form, componentName) : nullptr;
+}
+
 void TMrvToolWindow::ShowMorvane(const QString& formName, const QString& componentName)
 {
-    TTreeNode* node = nullptr;
-    if (FGroupMode == gmForm) {
-        if (auto* form = FDataSetView->FindGroupNode(formName))
-            node = FDataSetView->FindChildNodeByName(form, componentName);
-    } else {
-        node = FDataSetView->FindNodeByName(formName + u'.' + componentName);
-    }
-    if (node)
-        FDataSetView->Select(node);
+    const auto select = [&] {
+        if (auto* node = NodeOfComponent(formName, componentName))
+            FDataSetView->Select(node);
+    };
+    select();
     ShowForm();
+    // A window that was hidden has drawn its tree anew.
+    select();
 }

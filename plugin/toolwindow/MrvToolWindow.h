@@ -173,6 +173,7 @@ private:
     void FormCreate();
     void DoDock(bool floating);
 
+    TTreeNode* NodeOfComponent(const QString& formName, const QString& componentName) const;
     TAction* GroupAction(TGroupMode mode) const;
     int GroupNodeImage() const;
     void AddConnections(const InterfacePtr<IMrvDataSetList>& list);

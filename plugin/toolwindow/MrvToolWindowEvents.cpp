@@ -106,25 +106,22 @@ void TMrvToolWindow::AddModule(const QString& unitName)
         first->Expand(false);
 }
 
-// Takes the datasets of the unit away, and with them the groups that hold nothing of another unit.
+// Takes the datasets of the unit away, and with them the groups that hold nothing of another unit; a connection stays.
 void TMrvToolWindow::RemoveModule(const QString& unitName)
 {
     const auto list = GetDataSetList();
-    QList<TTreeNode*> parents;
     for (int i = 0; list && i < list->GetCount(); ++i) {
         InterfacePtr<IMrvDataSetAttr> dataSet;
         list->IntfGetItem(i, dataSet);
         if (!SameText(UnitName(Component(dataSet)), unitName))
             continue;
-        for (auto* node : FDataSetView->FindNodesByDataRef(dataSet)) {
+        while (auto* node = FDataSetView->FindNodeByDataRef(dataSet)) {
             auto* parent = node->Parent();
             FDataSetView->DeleteNode(node);
-            if (parent && !parent->HasChildren() && !parents.contains(parent))
-                parents << parent;
+            if (parent != FRootNode && !parent->HasChildren() && TMrvTreeView::NodeType(parent) != ndtConnection)
+                FDataSetView->DeleteNode(parent);
         }
     }
-    for (auto* parent : parents)
-        FDataSetView->DeleteNode(parent);
 }
 
 void TMrvToolWindow::RemoveDeletedDataSets()
@@ -180,7 +177,6 @@ TTreeNode* TMrvToolWindow::ParentToDrop(TTreeNode* node) const
 void TMrvToolWindow::ComponentDeleted(IMrvEvents*)
 {
     const UpdateScope update(FDataSetView->Items());
-    QList<TTreeNode*> emptied;
     for (auto* node = FDataSetView->Items().GetLastNode(); node;) {
         auto* previous = node->GetPrev();
         const auto type = TMrvTreeView::NodeType(node);
@@ -190,13 +186,12 @@ void TMrvToolWindow::ComponentDeleted(IMrvEvents*)
             if (parent && !parent->HasChildren()) {
                 if (parent == previous)
                     previous = parent->GetPrev();
-                emptied << parent;
+                // At once: remembered, it could go with a node above it first.
+                FDataSetView->DeleteNode(parent);
             }
         }
         node = previous;
     }
-    for (auto* parent : emptied)
-        FDataSetView->DeleteNode(parent);
 }
 
 void TMrvToolWindow::ComponentRenamed(
@@ -263,8 +258,10 @@ void TMrvToolWindow::OnSessionChanged()
 
 bool TMrvToolWindow::MoveToSession(const InterfacePtr<IMrvDataSetAttr>& dataSet, QList<TTreeNode*>& reselect)
 {
+    // The one below a group; those below a detail stay with it.
+    constexpr int BelowGroup = 2;
     auto* node = FDataSetView->FindNodeByDataRef(dataSet);
-    while (node && node->Parent() && node->Parent()->Parent())
+    while (node && node->Level() != BelowGroup)
         node = FDataSetView->FindNodeByDataRef(dataSet, node);
     auto* oldParent = node ? node->Parent() : nullptr;
     const auto name = SessionName(dataSet);

@@ -25,6 +25,35 @@ InterfacePtr<IMrvDataSetAttr> DataSetOf(const TTreeNode* node)
     return InterfaceCast<IMrvDataSetAttr>(TMrvTreeView::NodeAttr(node));
 }
 
+// The nodes of deleted fields stay until the model has told of them; none of those is one to select.
+bool IsLive(const TTreeNode* node)
+{
+    const auto attr = TMrvTreeView::NodeAttr(node);
+    return !attr || !attr->IsDeleted();
+}
+
+TTreeNode* LiveFrom(TTreeNode* node)
+{
+    while (node && !IsLive(node))
+        node = node->GetNextSibling();
+    return node;
+}
+
+TTreeNode* LiveBackFrom(TTreeNode* node)
+{
+    while (node && !IsLive(node))
+        node = node->GetPrevSibling();
+    return node;
+}
+
+bool HasLiveField(const TTreeNode* fieldsNode)
+{
+    for (const auto* node = fieldsNode->GetFirstChild(); node; node = node->GetNextSibling())
+        if (TMrvTreeView::NodeType(node) == ndtField && IsLive(node))
+            return true;
+    return false;
+}
+
 }
 
 void TMrvToolWindow::acCreateFieldExecute()
@@ -89,11 +118,8 @@ void TMrvToolWindow::acDeleteFieldExecute()
             next = DeleteFieldAt(*index, dataSetNode);
     }
     auto* fieldsNode = FDataSetView->FindChildNodeByName(dataSetNode, sFields);
-    const auto dataSet = DataSetOf(dataSetNode);
-    if (dataSet->IntfGetFieldCount() == 0)
-        SelectNode(fieldsNode && fieldsNode->HasChildren() ? fieldsNode->GetFirstChild() : next);
-    else
-        SelectNode(next ? next : dataSetNode);
+    auto* first = LiveFrom(fieldsNode ? fieldsNode->GetFirstChild() : nullptr);
+    SelectNode(first && !HasLiveField(fieldsNode) ? first : next);
     SelectComponent();
     FDataSetView->setFocus();
 }
@@ -113,10 +139,11 @@ TTreeNode* TMrvToolWindow::DeleteFieldAt(int absoluteIndex, TTreeNode*& dataSetN
         return node;
     }
     fieldsNode = FDataSetView->FindChildNodeByName(dataSetNode, sFields);
-    if (!fieldsNode || !fieldsNode->HasChildren())
-        return dataSetNode;
-    auto* following = fieldsNode->Item(place);
-    return following ? following : fieldsNode->GetLastChild();
+    auto* following = LiveFrom(fieldsNode ? fieldsNode->Item(place) : nullptr);
+    if (following)
+        return following;
+    auto* last = LiveBackFrom(fieldsNode ? fieldsNode->GetLastChild() : nullptr);
+    return last ? last : dataSetNode;
 }
 
 void TMrvToolWindow::AddOrCreateField(std::intptr_t tag)

@@ -39,12 +39,16 @@ void TMrvToolWindow::AddDataSetFields(TTreeNode* node, const InterfacePtr<IMrvDa
     if (!IsDataSetClass(Component(dataSet)) || dataSet->IntfGetFieldCount() == 0)
         return;
     auto* fieldsNode = FDataSetView->FindChildNodeByName(node, sFields);
+    const bool expanded = fieldsNode && fieldsNode->Expanded();
     if (fieldsNode)
         FDataSetView->DeleteChildren(fieldsNode);
     else
         fieldsNode = FDataSetView->AddNodeFirst(node, sFields, ndtBlank, nullptr);
     for (int i = 0; i < dataSet->IntfGetFieldCount(); ++i)
         AddField(fieldsNode, FieldAt(dataSet, i));
+    // It closed when its last child went.
+    if (expanded)
+        fieldsNode->SetExpanded(true);
 }
 
 // The sub-fields of an object field stand flat beside it, ahead of it; the model lists them too, and each field has one
@@ -305,8 +309,13 @@ void TMrvToolWindow::OnFieldIndexModified(IMrvEvents* sender, const InterfacePtr
 {
     if (!IsEventEnabled(deOnFieldIndexModified))
         return;
-    for (auto* node : FDataSetView->FindNodesByDataRef(dataSet))
+    for (auto* node : FDataSetView->FindNodesByDataRef(dataSet)) {
         InternalFieldIndexModified(sender, node, dataSet, field, oldIndex, newIndex);
+        // Captions carry the index. Asking for them brings the wrappers up to date, and no event comes for those.
+        auto* fieldsNode = FDataSetView->FindChildNodeByName(node, sFields);
+        RecaptionFields(fieldsNode);
+    }
+    FDataSetView->Sort();
 }
 
 void TMrvToolWindow::InternalFieldIndexModified(IMrvEvents*, TTreeNode* node, const InterfacePtr<IMrvDataSetAttr>&,

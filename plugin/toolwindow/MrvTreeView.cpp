@@ -27,6 +27,7 @@ TMrvTreeView::~TMrvTreeView()
 {
     FOnBeforeChange = nullptr;
     FOnAfterChange = nullptr;
+    FOnNodeDeletion = nullptr;
     Clear();
 }
 

@@ -97,6 +97,8 @@ public:
     std::function<void(QObject* sender)> FOnSelectComponent;
     QList<InterfacePtr<IInterface>> FSelections;
     TNotifyActions FOnActions;
+    // A node goes, and those below it after it: whoever remembers one forgets it now.
+    std::function<void(TTreeNode* node)> FOnNodeDeletion;
 
     QString NodeKind(const TTreeNode* node) const override;
     TDragObject* StartDragObject() override;

@@ -132,6 +132,8 @@ void TMrvTreeView::NodeDeletion(TTreeNode* node)
         FDragedItem = nullptr;
     if (node == FTopItem)
         FTopItem = nullptr;
+    if (FOnNodeDeletion)
+        FOnNodeDeletion(node);
     if (const auto* data = NodeData(node))
         Forget(FByGuid, GuidOf(data->GetDataRef()), node);
     if (IsGroup(node))

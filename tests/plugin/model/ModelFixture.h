@@ -6,12 +6,7 @@
 #include "model/MrvClasses.h"
 #include "rtl/TInterfacedObject.h"
 #include "support/HostFixture.h"
-
-// So that a failed comparison can be read.
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
+#include "support/PrintQt.h"
 
 // A sink that writes down what the model tells, one line each: "OnComponentInsert Data.Books". Lists are named by what
 // they hold: a dataset by its full name, a field by its component's.
