@@ -1,7 +1,7 @@
 #include "rtl/SysUtils.h"
 
-#include <QRegularExpression>
-
+#include <array>
+#include <charconv>
 #include <optional>
 
 void Abort()
@@ -15,9 +15,10 @@ void Assert(bool condition, const QString& unit, const QString& text)
         throw EAssertionFailed(text, unit);
 }
 
+// Folding case changes no length; most texts that are asked for differ in it or are the same already.
 bool SameText(QStringView a, QStringView b)
 {
-    return a.compare(b, Qt::CaseInsensitive) == 0;
+    return a.size() == b.size() && (a == b || a.compare(b, Qt::CaseInsensitive) == 0);
 }
 
 int CompareText(QStringView a, QStringView b)
@@ -56,7 +57,7 @@ bool StrToBool(const QString& text)
 
 bool StrToBoolDef(const QString& text, bool defaultValue)
 {
-    return ReadBool(text).value_or(defaultValue);
+    return text.isEmpty() ? defaultValue : ReadBool(text).value_or(defaultValue);
 }
 
 int StrToInt(const QString& text)
@@ -117,39 +118,102 @@ QString IncludeTrailingPathDelimiter(const QString& path)
 
 namespace {
 
-QString FormatOne(QChar kind, int precision, const FormatArg& arg)
+// A width or precision beyond this is taken as this.
+constexpr int MaxFormatWidth = 32767;
+
+// One placeholder: %[-][width][.precision]kind, or %% with the kind '%'.
+struct Placeholder {
+    bool LeftAligned = false;
+    int Width = 0;
+    int Precision = -1;
+    QChar Kind;
+    qsizetype End = 0; // of its text
+};
+
+int ReadDigits(const QString& format, qsizetype& at)
 {
-    if (kind == u's')
-        return precision >= 0 ? arg.Text().left(precision) : arg.Text();
-    const bool hexadecimal = kind == u'x';
-    auto digits
-        = QString::number(kind == u'd' ? arg.Number() : qint64(quint32(arg.Number())), hexadecimal ? 16 : 10).toUpper();
-    return precision > digits.size() ? digits.rightJustified(precision, u'0') : digits;
+    int number = 0;
+    for (; at < format.size() && format[at] >= u'0' && format[at] <= u'9'; ++at)
+        number = std::min(number, MaxFormatWidth) * 10 + format[at].unicode() - u'0';
+    return std::min(number, MaxFormatWidth);
+}
+
+// What stands at the '%'; nothing where it is no placeholder and counts as plain text.
+std::optional<Placeholder> ReadPlaceholder(const QString& format, qsizetype at)
+{
+    Placeholder found;
+    const auto current = [&] { return at < format.size() ? format[at] : QChar(); };
+    ++at;
+    if (current() == u'%') {
+        found.Kind = u'%';
+        found.End = at + 1;
+        return found;
+    }
+    found.LeftAligned = current() == u'-';
+    at += found.LeftAligned;
+    found.Width = ReadDigits(format, at);
+    if (current() == u'.') {
+        const auto digits = ++at;
+        found.Precision = ReadDigits(format, at);
+        if (at == digits)
+            return std::nullopt;
+    }
+    found.Kind = current();
+    found.End = at + 1;
+    const bool isKnown = found.Kind == u's' || found.Kind == u'd' || found.Kind == u'x' || found.Kind == u'u';
+    return isKnown ? std::optional(found) : std::nullopt;
+}
+
+void AppendNumber(QString& result, const Placeholder& place, qint64 number)
+{
+    std::array<char, 24> digits;
+    const auto value = place.Kind == u'd' ? number : qint64(quint32(number));
+    const auto end = std::to_chars(digits.begin(), digits.end(), value, place.Kind == u'x' ? 16 : 10).ptr;
+    const QLatin1String text(digits.data(), end - digits.data());
+    result.resize(result.size() + std::max<qsizetype>(0, place.Precision - text.size()), u'0');
+    if (place.Kind == u'x')
+        result += QString(text).toUpper();
+    else
+        result += text;
+}
+
+void AppendOne(QString& result, const Placeholder& place, const FormatArg& arg)
+{
+    const auto start = result.size();
+    if (place.Kind != u's')
+        AppendNumber(result, place, arg.Number());
+    else if (place.Precision >= 0)
+        result += arg.Text().left(place.Precision);
+    else
+        result += arg.Text();
+    const auto missing = place.Width - (result.size() - start);
+    if (missing > 0)
+        result.insert(place.LeftAligned ? result.size() : start, QString(missing, u' '));
 }
 
 }
 
 QString Format(const QString& format, const std::initializer_list<FormatArg>& args)
 {
-    static const QRegularExpression placeholder(QStringLiteral("%(?:%|(-?)(\\d*)(?:\\.(\\d+))?([sdxu]))"));
     QString result;
+    result.reserve(2 * format.size() + 32);
     qsizetype from = 0;
     auto next = args.begin();
-    for (auto walk = placeholder.globalMatch(format); walk.hasNext();) {
-        const auto match = walk.next();
-        result += QStringView(format).mid(from, match.capturedStart() - from);
-        from = match.capturedEnd();
-        if (match.capturedLength(4) == 0) {
+    for (auto at = format.indexOf(u'%'); at >= 0; at = format.indexOf(u'%', at)) {
+        const auto place = ReadPlaceholder(format, at);
+        if (!place) {
+            ++at;
+            continue;
+        }
+        result += QStringView(format).mid(from, at - from);
+        at = from = place->End;
+        if (place->Kind == u'%') {
             result += u'%';
             continue;
         }
-        const QChar kind = match.capturedView(4).front();
-        if (next == args.end() || next->IsNumber() == (kind == u's'))
+        if (next == args.end() || next->IsNumber() == (place->Kind == u's'))
             throw EConvertError(QStringLiteral("Format '%1' invalid or incompatible with argument").arg(format));
-        const int precision = match.capturedLength(3) ? match.capturedView(3).toInt() : -1;
-        const auto text = FormatOne(kind, precision, *next++);
-        const int width = match.capturedView(2).toInt();
-        result += match.capturedLength(1) ? text.leftJustified(width) : text.rightJustified(width);
+        AppendOne(result, *place, *next++);
     }
-    return result + format.mid(from);
+    return result += QStringView(format).mid(from);
 }

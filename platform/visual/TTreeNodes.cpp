@@ -149,11 +149,6 @@ void TTreeNodes::Touch(TTreeNode* parent)
     FUnsorted.push_back(parent);
 }
 
-void TTreeNodes::NeedSort(TTreeNode* node)
-{
-    Touch(node);
-}
-
 void TTreeNodes::TextChanged(TTreeNode* node, const QString& oldText)
 {
     Touch(node->FParent);
@@ -189,34 +184,48 @@ void TTreeNodes::EndUpdate()
 
 void TTreeNodes::CustomSort(const Compare& compare)
 {
-    const auto unsorted = std::exchange(FUnsorted, {});
-    if (unsorted.empty())
-        return;
-    QModelIndexList before;
-    QList<TTreeNode*> nodes;
-    if (!FResetting) {
-        Q_EMIT layoutAboutToBeChanged();
-        before = persistentIndexList();
-        for (const auto& place : before)
-            nodes << NodeOf(place);
-    }
-    for (auto* node : unsorted)
-        SortChildren(node, compare);
-    if (FResetting)
-        return;
-    QModelIndexList after;
-    for (auto* node : nodes)
-        after << IndexOf(node);
-    changePersistentIndexList(before, after);
-    Q_EMIT layoutChanged();
+    SortEach(std::exchange(FUnsorted, {}), compare);
 }
 
 void TTreeNodes::SortChildren(TTreeNode* node, const Compare& compare)
 {
-    node->FUnsorted = false;
-    node->FIndexesStale = true;
-    std::stable_sort(node->FChildren.begin(), node->FChildren.end(),
-        [&compare](const auto& a, const auto& b) { return compare(a.get(), b.get()) < 0; });
+    if (!node->FUnsorted)
+        return;
+    // It is mostly the last that was touched.
+    const auto place = std::find(FUnsorted.rbegin(), FUnsorted.rend(), node);
+    FUnsorted.erase(std::next(place).base());
+    SortEach({ node }, compare);
+}
+
+// Children mostly come in their order already; nobody is told of those.
+void TTreeNodes::SortEach(std::vector<TTreeNode*> nodes, const Compare& compare)
+{
+    const auto isBefore = [&compare](const auto& a, const auto& b) { return compare(a.get(), b.get()) < 0; };
+    std::erase_if(nodes, [&](TTreeNode* node) {
+        node->FUnsorted = false;
+        return std::is_sorted(node->FChildren.begin(), node->FChildren.end(), isBefore);
+    });
+    if (nodes.empty())
+        return;
+    QModelIndexList before;
+    QList<TTreeNode*> shown;
+    if (!FResetting) {
+        Q_EMIT layoutAboutToBeChanged();
+        before = persistentIndexList();
+        for (const auto& place : before)
+            shown << NodeOf(place);
+    }
+    for (auto* node : nodes) {
+        std::stable_sort(node->FChildren.begin(), node->FChildren.end(), isBefore);
+        node->FIndexesStale = true;
+    }
+    if (FResetting)
+        return;
+    QModelIndexList after;
+    for (auto* node : shown)
+        after << IndexOf(node);
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged();
 }
 
 void TTreeNodes::SetImages(TImageList* images)

@@ -62,8 +62,8 @@ public:
     // nodes whose children came, moved or changed their caption since the last sort are looked at.
     using Compare = std::function<int(const TTreeNode*, const TTreeNode*)>;
     void CustomSort(const Compare& compare);
-    // Makes the next sort look at this node's children too.
-    void NeedSort(TTreeNode* node);
+    // The same for the children of one node, which the next sort of all then passes over.
+    void SortChildren(TTreeNode* node, const Compare& compare);
 
     void SetView(ITreeNodesView* view) { FView = view; }
     ITreeNodesView* View() const { return FView; }
@@ -92,7 +92,7 @@ private:
     void RemoveChildren(TTreeNode* node);
     void Move(TTreeNode* node, TTreeNode* parent, int position);
     void TextChanged(TTreeNode* node, const QString& oldText);
-    void SortChildren(TTreeNode* node, const Compare& compare);
+    void SortEach(std::vector<TTreeNode*> nodes, const Compare& compare);
     void Touch(TTreeNode* parent);
     bool Resetting() const { return FResetting; }
 

@@ -80,10 +80,9 @@ int TMrvPersonality::IndexOfGroup(QStringView name) const
 
 int TMrvPersonality::IndexOfValue(int value) const
 {
-    for (int group = 0; group < int(FFieldGroupList.size()); ++group)
-        if (FFieldGroupList.at(group).Value == value)
-            return group;
-    return -1;
+    const auto found = std::lower_bound(FFieldGroupList.begin(), FFieldGroupList.end(), value,
+        [](const TGroup& group, int wanted) { return group.Value > wanted; });
+    return found != FFieldGroupList.end() && found->Value == value ? int(found - FFieldGroupList.begin()) : -1;
 }
 
 const TMrvPersonality::TGroup& TMrvPersonality::Group(int group) const

@@ -42,7 +42,8 @@ int TFieldAttr::IsGetFieldNo()
 QString TFieldAttr::GetDisplayName()
 {
     const auto* field = GetFieldComponent();
-    auto text = Format(QStringLiteral("%d - %s"), { GetFieldIndex(), field ? field->FieldName() : FFieldName });
+    auto text = Format(
+        QStringLiteral("%d - %s"), { IndexOf(FDeleted ? nullptr : field), field ? field->FieldName() : FFieldName });
     if (Preference(QStringLiteral("ShowFieldType"), false))
         text += Format(QStringLiteral("[%s]"), { DataTypeToStr(IntfGetFieldType()) });
     if (Preference(QStringLiteral("ShowObjectName"), true))
@@ -58,9 +59,14 @@ int TFieldAttr::IntfGetDisplayName(QString& name)
 
 int TFieldAttr::GetFieldIndex()
 {
-    const auto* field = FDeleted ? nullptr : GetFieldComponent();
-    if (field && field->Index() != -1)
-        FIndex = field->Index();
+    return IndexOf(FDeleted ? nullptr : GetFieldComponent());
+}
+
+int TFieldAttr::IndexOf(const TField* field)
+{
+    const int index = field ? field->Index() : -1;
+    if (index != -1)
+        FIndex = index;
     return FIndex;
 }
 

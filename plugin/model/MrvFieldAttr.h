@@ -29,6 +29,8 @@ public:
     QString GetDisplayName();
     // The field's index; the last seen one where the field is gone or stands nowhere.
     int GetFieldIndex();
+    // Keeps the field's index; the last known one for nil and for a field without.
+    int IndexOf(const TField* field);
     // Moves the field in its dataset.
     void SetFieldIndex(int index);
     const QString& GetFieldName() const { return FFieldName; }

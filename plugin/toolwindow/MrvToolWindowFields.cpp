@@ -55,10 +55,12 @@ void TMrvToolWindow::AddDataSetFields(TTreeNode* node, const InterfacePtr<IMrvDa
 // node.
 void TMrvToolWindow::AddField(TTreeNode* fieldsNode, const InterfacePtr<IMrvFieldAttr>& field)
 {
-    if (FDataSetView->FindChildNodeByDataRef(fieldsNode, field))
+    const auto common = InterfaceCast<IMrvCommonFieldAttr>(field);
+    InterfacePtr<IMrvCommonFieldAttr> parent;
+    if (common->HasParent(parent) && FDataSetView->FindChildNodeByDataRef(fieldsNode, field))
         return;
     const auto attr = InterfaceCast<IMrvCustomComponentAttr>(field);
-    if (const auto common = InterfaceCast<IMrvCommonFieldAttr>(field); common->HasChild())
+    if (common->HasChild())
         for (int i = 0; i < common->GetChildCount(); ++i) {
             InterfacePtr<IMrvCommonFieldAttr> child;
             common->GetChild(i, child);

@@ -27,12 +27,12 @@ void TMrvToolWindow::SetImages(TTreeNode* node, int image)
 
 int TMrvToolWindow::GetImageIndex(const InterfacePtr<IMrvCustomComponentAttr>& attr)
 {
-    const auto type = attr->IntfGetControlType();
     QString className;
     attr->IntfGetCurrentCtrlClassName(className);
     const int known = FImageList->IndexByClassName(className);
     if (known != -1)
         return known + FImageList->FDisp;
+    const auto type = attr->IntfGetControlType();
     const auto controls = GetIDECtrlList();
     TBitmap bitmap;
     if (controls)
@@ -207,6 +207,9 @@ void TMrvToolWindow::AddFieldsAndFieldDefs(
 {
     AddDataSetFields(node, dataSet, mode);
     AddDataSetFieldDefs(node, dataSet);
+    // At once, while all that the order asks for is at hand.
+    if (auto* fieldsNode = FDataSetView->FindChildNodeByName(node, sFields))
+        FDataSetView->SortChildren(fieldsNode);
 }
 
 // Has no caller in the window at present.

@@ -5,7 +5,9 @@
 #include "ui/TCustomTreeView.h"
 
 #include <QHash>
-#include <QSet>
+#include <QVarLengthArray>
+
+#include <span>
 
 class QToolButton;
 class TMrvTreeView;
@@ -80,6 +82,8 @@ public:
     void RestoreSelections();
     // Fields in dataset order, everything else by caption.
     void Sort();
+    // The same for the children of one node.
+    void SortChildren(TTreeNode* node);
 
     bool FBeginDrag = false;
     TTreeNode* FDragedItem = nullptr;
@@ -136,11 +140,23 @@ private:
     bool FillFromNode(const TTreeNode* node, TMrvDragList& list) const;
     bool FillFromSelection(TMrvDragList& list) const;
     void Index(TTreeNode* node);
+    // The nodes of the wrapper, in no order; until the next change of the tree.
+    std::span<TTreeNode* const> NodesOf(const InterfacePtr<IInterface>& ref) const;
     static bool IsGroup(const TTreeNode* node);
+    // Tells of the node and those below it, and takes what they carry.
+    void TakeData(TTreeNode* node, std::vector<std::unique_ptr<TNodeData>>& carried);
 
-    // Nodes by the session-unique value of their wrapper, in no order.
-    QHash<int, QList<TTreeNode*>> FByGuid;
+    // A wrapper's session-unique value. Wrappers that are made together are asked for together: neighbours by value are
+    // neighbours in memory.
+    struct TGuidKey {
+        int Value;
+        friend bool operator==(TGuidKey a, TGuidKey b) { return a.Value == b.Value; }
+        friend size_t qHash(TGuidKey key, size_t) { return size_t(key.Value); }
+    };
+    // Nodes by their wrapper, in no order. Most wrappers have one.
+    QHash<TGuidKey, QVarLengthArray<TTreeNode*, 2>> FByGuid;
     // Children of the root node by their caption, in no order.
     QHash<QString, QList<TTreeNode*>> FGroups;
     bool FDrawing = false;
+    bool FClearing = false;
 };

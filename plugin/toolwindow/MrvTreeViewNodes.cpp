@@ -3,6 +3,8 @@
 #include "rtl/Guard.h"
 #include "support/MrvTreeNodes.h"
 
+#include <QScopedValueRollback>
+
 namespace {
 
 int GuidOf(const InterfacePtr<IInterface>& ref)
@@ -15,19 +17,31 @@ int GuidOf(const InterfacePtr<IInterface>& ref)
 
 int FieldIndexOf(const TTreeNode* node)
 {
-    const auto field = InterfaceCast<IMrvFieldAttr>(TMrvTreeView::NodeAttr(node));
+    const auto field = InterfaceCast<IMrvFieldAttr>(TMrvTreeView::NodeData(node)->GetDataRef());
     return field ? field->IntfGetFieldIndex() : -1;
 }
 
-int CompareNodes(const TTreeNode* a, const TTreeNode* b)
-{
-    if (TMrvTreeView::NodeType(a) == ndtField && TMrvTreeView::NodeType(b) == ndtField)
-        return FieldIndexOf(a) - FieldIndexOf(b);
-    return CompareText(a->Text(), b->Text());
-}
+// Fields in dataset order, everything else by caption. A walk over neighbours meets each node twice: the index of the
+// one before is kept.
+class NodeOrder {
+public:
+    int operator()(const TTreeNode* a, const TTreeNode* b)
+    {
+        if (TMrvTreeView::NodeType(a) != ndtField || TMrvTreeView::NodeType(b) != ndtField)
+            return CompareText(a->Text(), b->Text());
+        const int indexOfB = b == FLast ? FLastIndex : FieldIndexOf(b);
+        FLast = a;
+        FLastIndex = FieldIndexOf(a);
+        return FLastIndex - indexOfB;
+    }
 
-template <class Key>
-void Forget(QHash<Key, QList<TTreeNode*>>& index, const Key& key, TTreeNode* node)
+private:
+    const TTreeNode* FLast = nullptr;
+    int FLastIndex = -1;
+};
+
+template <class Key, class Nodes>
+void Forget(QHash<Key, Nodes>& index, const std::type_identity_t<Key>& key, TTreeNode* node)
 {
     const auto found = index.find(key);
     if (found != index.end() && found->removeOne(node) && found->isEmpty())
@@ -87,7 +101,7 @@ void TMrvTreeView::Index(TTreeNode* node)
         FGroups[node->Text()] << node;
     const int guid = GuidOf(NodeData(node)->GetDataRef());
     if (guid != -1)
-        FByGuid[guid] << node;
+        FByGuid[{ guid }].append(node);
 }
 
 TTreeNode* TMrvTreeView::AddNode(
@@ -128,6 +142,8 @@ void TMrvTreeView::DeleteChildren(TTreeNode* node)
 // The node is taken out of the index while what it carries still answers.
 void TMrvTreeView::NodeDeletion(TTreeNode* node)
 {
+    if (FClearing)
+        return;
     if (node == FDragedItem)
         FDragedItem = nullptr;
     if (node == FTopItem)
@@ -135,7 +151,7 @@ void TMrvTreeView::NodeDeletion(TTreeNode* node)
     if (FOnNodeDeletion)
         FOnNodeDeletion(node);
     if (const auto* data = NodeData(node))
-        Forget(FByGuid, GuidOf(data->GetDataRef()), node);
+        Forget(FByGuid, { GuidOf(data->GetDataRef()) }, node);
     if (IsGroup(node))
         Forget(FGroups, node->Text(), node);
     for (int i = 0; i < node->Count(); ++i)
@@ -158,19 +174,31 @@ TTreeNode* TMrvTreeView::FindGroupNode(const QString& name) const
     return first;
 }
 
+void TMrvTreeView::TakeData(TTreeNode* node, std::vector<std::unique_ptr<TNodeData>>& carried)
+{
+    if (FOnNodeDeletion)
+        FOnNodeDeletion(node);
+    for (int i = 0; i < node->Count(); ++i)
+        TakeData(node->Item(i), carried);
+    carried.emplace_back(NodeData(node));
+    node->SetData(nullptr);
+}
+
 void TMrvTreeView::Clear()
 {
+    // The next tree is mostly as large.
+    const auto size = FByGuid.size();
     FByGuid.clear();
+    FByGuid.reserve(size);
     FGroups.clear();
     FDragedItem = nullptr;
     FTopItem = nullptr;
-    QList<TNodeData*> carried;
-    for (auto* node = Items().GetLastNode(); node; node = node->GetPrev()) {
-        carried << NodeData(node);
-        node->SetData(nullptr);
-    }
+    std::vector<std::unique_ptr<TNodeData>> carried;
+    carried.reserve(size_t(Items().Count()));
+    for (auto* node = Items().GetFirstNode(); node; node = node->GetNextSibling())
+        TakeData(node, carried);
+    const QScopedValueRollback clearing(FClearing, true);
     Items().Clear();
-    qDeleteAll(carried);
 }
 
 TTreeNode* TMrvTreeView::FindChildNodeByName(TTreeNode* parent, const QString& name) const
@@ -181,10 +209,18 @@ TTreeNode* TMrvTreeView::FindChildNodeByName(TTreeNode* parent, const QString& n
     return child;
 }
 
+std::span<TTreeNode* const> TMrvTreeView::NodesOf(const InterfacePtr<IInterface>& ref) const
+{
+    const auto found = FByGuid.constFind({ GuidOf(ref) });
+    if (found == FByGuid.cend())
+        return {};
+    return { found->constData(), size_t(found->size()) };
+}
+
 TTreeNode* TMrvTreeView::FindChildNodeByDataRef(TTreeNode* parent, const InterfacePtr<IInterface>& ref) const
 {
     TTreeNode* first = nullptr;
-    for (auto* node : FByGuid.value(GuidOf(ref))) {
+    for (auto* node : NodesOf(ref)) {
         const auto type = NodeType(node);
         if (node->Parent() == parent && type != ndtBlank && type != ndtRoot)
             first = !first || node->Index() < first->Index() ? node : first;
@@ -203,7 +239,7 @@ TTreeNode* TMrvTreeView::FindChildNodeByType(TTreeNode* parent, TNodeDataType ty
 TTreeNode* TMrvTreeView::FindNodeByDataRef(const InterfacePtr<IInterface>& ref, TTreeNode* after) const
 {
     TTreeNode* first = nullptr;
-    for (auto* node : FByGuid.value(GuidOf(ref))) {
+    for (auto* node : NodesOf(ref)) {
         if (after && !StandsBefore(after, node))
             continue;
         first = !first || StandsBefore(node, first) ? node : first;
@@ -213,7 +249,8 @@ TTreeNode* TMrvTreeView::FindNodeByDataRef(const InterfacePtr<IInterface>& ref, 
 
 QList<TTreeNode*> TMrvTreeView::FindNodesByDataRef(const InterfacePtr<IInterface>& ref) const
 {
-    auto nodes = FByGuid.value(GuidOf(ref));
+    const auto known = NodesOf(ref);
+    QList<TTreeNode*> nodes(known.begin(), known.end());
     std::sort(nodes.begin(), nodes.end(), StandsBefore);
     return nodes;
 }
@@ -314,7 +351,12 @@ void TMrvTreeView::RestoreSelections()
     Select(nodes);
 }
 
+void TMrvTreeView::SortChildren(TTreeNode* node)
+{
+    Items().SortChildren(node, NodeOrder());
+}
+
 void TMrvTreeView::Sort()
 {
-    Items().CustomSort(CompareNodes);
+    Items().CustomSort(NodeOrder());
 }
