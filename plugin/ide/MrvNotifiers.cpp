@@ -2,6 +2,8 @@
 
 #include "support/MrvUtils.h"
 
+#include <algorithm>
+
 namespace {
 
 // Calls an event if it is assigned. The copy keeps it whole while it runs, should it be erased meanwhile.
@@ -37,6 +39,13 @@ void TMrvCustomNotifier::LogStep(const QString& step) const
     TMrvUtils::AddLogMessage(QLatin1String("Notifier ") + FClassName + u'.' + step);
 }
 
+void TMrvCustomNotifier::SetName(const QString& name)
+{
+    if (FOwner)
+        FOwner->Rename(FOwnerIndex, name);
+    FName = name;
+}
+
 void TMrvCustomNotifier::JoinList(TNotifierList* list)
 {
     FOwner = list;
@@ -57,15 +66,27 @@ TNotifierList::~TNotifierList()
 int TNotifierList::Add(TMrvCustomNotifier* notifier)
 {
     FItems << notifier;
+    FByName.insert(notifier->FName, Count() - 1);
     return Count() - 1;
+}
+
+void TNotifierList::Forget(int index)
+{
+    FByName.remove(FItems[index]->FName, index);
+    FItems[index] = nullptr;
+}
+
+void TNotifierList::Rename(int index, const QString& name)
+{
+    FByName.remove(FItems[index]->FName, index);
+    FByName.insert(name, index);
 }
 
 int TNotifierList::IndexOfName(const QString& name) const
 {
-    for (int i = 0; i < Count(); ++i)
-        if (FItems[i] && FItems[i]->FName == name)
-            return i;
-    return -1;
+    const auto [begin, end] = FByName.equal_range(name);
+    const auto first = std::min_element(begin, end);
+    return first != end ? *first : -1;
 }
 
 void TNotifierList::Clear()
@@ -80,6 +101,7 @@ void TNotifierList::Clear()
         entry->LeaveList();
     }
     FItems.clear();
+    FByName.clear();
 }
 
 TFormNotifier::TFormNotifier(const InterfacePtr<IOTAFormEditor>& editor, TNotifierList* owner)
@@ -221,7 +243,7 @@ void TModuleNotifier::Destroyed()
 void TModuleNotifier::ModuleRenamed(const QString& newName)
 {
     Raise(FOnModuleRenamed, this, FName, newName);
-    FName = newName;
+    SetName(newName);
 }
 
 TDesignNotification::~TDesignNotification()

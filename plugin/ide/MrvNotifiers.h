@@ -3,6 +3,8 @@
 #include "design/DesignIntf.h"
 #include "toolsapi/ToolsAPI.h"
 
+#include <QHash>
+
 class TNotifierList;
 
 // What the notifiers report, each with the sender first.
@@ -33,6 +35,7 @@ public:
     // Forgets the events, so that tearing the listener down is not reported. Logs.
     virtual void EraseCallback();
 
+    // The file's name, or what else it listens to; SetName changes it.
     QString FName;
     // What AddNotifier gave; -1 when not registered.
     int FIndex = -1;
@@ -45,6 +48,7 @@ public:
     void LeaveList();
 
 protected:
+    void SetName(const QString& name);
     void JoinList(TNotifierList* list);
 
 private:
@@ -66,7 +70,9 @@ public:
     int Count() const { return int(FItems.size()); }
     TMrvCustomNotifier* Item(int index) const { return FItems.at(index); }
     // Leaves a gap.
-    void Forget(int index) { FItems[index] = nullptr; }
+    void Forget(int index);
+    // The listener at the index takes the name.
+    void Rename(int index, const QString& name);
     // The first index whose listener bears that name, case told apart; gaps are skipped; -1 for none.
     int IndexOfName(const QString& name) const;
     // Unhooks every listener in order: its events are erased first, so that a model that goes away hears nothing of it;
@@ -75,6 +81,7 @@ public:
 
 private:
     QList<TMrvCustomNotifier*> FItems;
+    QMultiHash<QString, int> FByName;
 };
 
 // Listens to one form editor.
