@@ -62,6 +62,9 @@ void FormSurface::dropEvent(QDropEvent* event)
     bool dropped = false;
     try {
         dropped = FHost.DropOnDesigner(*Live(), target, *object, at.x(), at.y());
+        // The press that began the drag asked for the form of what was dragged; now the work is here.
+        if (dropped)
+            FModule.BringToFront(Module::View::Form);
     } catch (const EAbort&) {
     } catch (const Exception& exception) {
         QMetaObject::invokeMethod(

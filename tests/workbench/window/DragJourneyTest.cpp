@@ -73,8 +73,10 @@ TEST_F(DragJourney, AFieldDraggedOntoAFormIsABoundControlInItsFiles)
     ASSERT_TRUE(Mouse(Steps(PointOf(*field), surface->mapToGlobal(surface->FromClient({ 40, 60 })))));
     auto& designer = FormModule(QStringLiteral("MainForm")).TheDesigner();
     ASSERT_TRUE(QTest::qWaitFor([&] { return designer.GetComponent(QStringLiteral("DBEdit1")) != nullptr; }, 10000));
-    QTest::qWait(100);
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::mouseButtons() == Qt::NoButton; }, 10000));
+    QTest::qWait(300);
     TakePicture("2-dropped");
+    EXPECT_EQ(Window->CurrentView(), Window->ViewOf(FormModule(QStringLiteral("MainForm"))));
     Window->Execute(Command::SaveAll);
     const auto form = ScriptedProject::Read(Shop.FormOf(QStringLiteral("MainForm")));
     EXPECT_TRUE(form.contains("object DBEdit1: TDBEdit")) << form.constData();
