@@ -23,6 +23,7 @@ void Designer::Open(std::unique_ptr<FormDocument> document, QByteArray text, Pro
     FForm = std::make_unique<LiveForm>(std::move(document), std::move(text), FSite);
     FForm->OnEdit = [this] { FSite.WillEdit(); };
     FForm->OnTouch = [this](const FormTouch& touch) { FSite.Undo().Note(*this, touch); };
+    FKnownClass = RootClassName();
     FForm->Build(RootFinder(), problems);
     Attach();
 }

@@ -125,6 +125,8 @@ private:
     void TakeOverValue(
         TPersistent& target, const TPropInfo& info, const TPersistent& original, const TComponent& originalRoot);
     void TakeOver(TPersistent& original, const QString& componentName, const QString& property);
+    void RenameRoot(const QString& oldName);
+    void NoteRootClass();
     void RenameInOtherForms(const QString& oldName, const QString& newName);
 
     // After an undo.
@@ -141,6 +143,8 @@ private:
     DesignerSite& FSite;
     std::unique_ptr<LiveForm> FForm;
     QByteArray FText;
+    // The class of the form as its site knows it.
+    QString FKnownClass;
     QList<WeakRef<TPersistent>> FSelection;
     // While above 0, changes of live components are not written to the file.
     int FQuiet = 0;

@@ -62,6 +62,32 @@ void Designer::ValidateRename(TComponent* component, const QString& oldName, con
             && descendant->GetComponent(newName))
             throw EComponentError(
                 QStringLiteral("A component named %1 already exists on %2").arg(newName, descendant->RootName()));
+    if (component == Root())
+        FSite.WillRenameRoot(newName);
+}
+
+// Units and project first: where one of them cannot follow, the root keeps its name.
+void Designer::RenameRoot(const QString& oldName)
+{
+    const auto newName = Root()->Name();
+    if (const auto failure = FSite.RenameRoot(oldName, newName)) {
+        const Quiet quiet(*this);
+        Root()->SetName(oldName);
+        throw EComponentError(failure->ToString());
+    }
+    FForm->RenameNode(*Root());
+    FForm->RenameReferences(oldName, newName);
+    const auto oldClass = RootClassName();
+    if (SameText(oldClass, u'T' + oldName))
+        FForm->RenameClass(oldClass, u'T' + newName);
+    NoteRootClass();
+}
+
+void Designer::NoteRootClass()
+{
+    const auto oldClass = std::exchange(FKnownClass, RootClassName());
+    if (oldClass != FKnownClass)
+        FSite.RootClassChanged(oldClass, FKnownClass);
 }
 
 void Designer::Renamed(TComponent* component, const QString& oldName)
@@ -74,8 +100,12 @@ void Designer::Renamed(TComponent* component, const QString& oldName)
         return;
     }
     UndoStack::Gesture gesture(FSite.Undo(), QStringLiteral("Rename"));
-    FForm->RenameNode(*component);
-    FForm->RenameReferences(oldName, component->Name());
+    if (component == Root()) {
+        RenameRoot(oldName);
+    } else {
+        FForm->RenameNode(*component);
+        FForm->RenameReferences(oldName, component->Name());
+    }
     if (component->Owner() == Root())
         if (auto* unit = FSite.Unit()) {
             FSite.WillEdit();

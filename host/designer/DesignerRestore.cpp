@@ -19,14 +19,17 @@ UndoState Designer::Capture()
 
 void Designer::Restore(const UndoState& state, const QList<FormTouch>& touches)
 {
-    if (!FForm)
-        return;
+    if (!FForm) {
+        RestoreUnit(state); // a unit without a form
+        return FSite.NotifyModified();
+    }
     auto& document = FForm->Document();
     if (state.FormPosition <= document.position())
         document.undoTo(state.FormPosition);
     else
         document.redoTo(state.FormPosition);
     RestoreUnit(state);
+    NoteRootClass();
     FSite.NotifyModified();
     if (Root())
         Reconcile(touches);

@@ -37,6 +37,14 @@ public:
     // Passes on to the listeners of the form.
     virtual void NotifyRenamed(TOTAHandle component, const QString& oldName, const QString& newName) = 0;
     virtual void NotifyModified() = 0;
+    // The root is about to get that name, from the person or the program. What refers to the form is opened, so that
+    // it can follow. Raises EComponentError when the project has such a name already.
+    virtual void WillRenameRoot(const QString& newName) = 0;
+    // The root has got the new name, and nothing else has: units and the project's files take it and the class that
+    // goes by it, or none of them does. The form's own file is the designer's to change.
+    virtual Failure RenameRoot(const QString& oldName, const QString& newName) = 0;
+    // The class of the form has another name in its file, after a renaming or going back over one.
+    virtual void RootClassChanged(const QString& oldClass, const QString& newClass) = 0;
     // Brings the form to the front.
     virtual void Activate() = 0;
     // The units that a component of that class needs.

@@ -273,6 +273,23 @@ void LiveForm::RenameReferencesIn(FormNode& node, const QString& oldName, const 
         RenameReferencesIn(*child, oldName, newName);
 }
 
+void LiveForm::RenameClass(const QString& oldClass, const QString& newClass)
+{
+    if (oldClass != newClass)
+        RenameClassIn(FDocument->root(), oldClass, newClass);
+}
+
+void LiveForm::RenameClassIn(FormNode& node, const QString& oldClass, const QString& newClass)
+{
+    if (SameText(node.className(), oldClass)) {
+        OnEdit();
+        Touch(node, {});
+        FDocument->setClassName(node, newClass);
+    }
+    for (auto* child : node.children())
+        RenameClassIn(*child, oldClass, newClass);
+}
+
 bool LiveForm::IsInFile(const FormNode& node) const
 {
     for (const auto* walk = &node; walk; walk = walk->parent())

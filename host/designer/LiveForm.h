@@ -52,6 +52,8 @@ public:
     void RenameNode(TComponent& component);
     // Every line that refers to a component of the form by its name takes the new one.
     void RenameReferences(const QString& oldName, const QString& newName);
+    // Every object of that class, the root among them, names it anew in the file.
+    void RenameClass(const QString& oldClass, const QString& newClass);
     void MoveNode(TComponent& component, TComponent& parent);
     // Puts the node among those of its class family that its live list orders: the n-th of these siblings.
     void OrderNode(TComponent& component, const QList<TComponent*>& siblings);
@@ -81,6 +83,7 @@ private:
     void WriteValue(TPersistent& instance, const TPropInfo* info, const QString& name, FormNode& node,
         const QString& path, const TPersistent* inherited);
     FormValue ValueOf(const TPersistent& instance, const TPropInfo& info, const QVariant& value) const;
+    void RenameClassIn(FormNode& node, const QString& oldClass, const QString& newClass);
     void RenameReferencesIn(FormNode& node, const QString& oldName, const QString& newName);
     void Touch(FormNode& node, const QString& property);
 

@@ -108,6 +108,17 @@ void UndoStack::Forget(UndoPart& part)
         std::erase_if(step.Changes, [&part](const Change& change) { return change.Part == &part; });
 }
 
+void UndoStack::Rewrite(UndoPart& part, const std::function<bool(QList<FileContent>&)>& rewrite)
+{
+    EndRun();
+    for (auto* steps : { &FDone, &FUndone })
+        for (auto& step : *steps) {
+            auto* change = ChangeOf(step, part);
+            if (change && !(rewrite(change->Before.Unit) && rewrite(change->After.Unit)))
+                return Forget(part);
+        }
+}
+
 bool UndoStack::Undo()
 {
     if (!CanUndo())

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 class FormNode;
@@ -64,6 +65,10 @@ public:
     void EndRun() { FRun = nullptr; }
     // The part goes: what it was in cannot be undone any more.
     void Forget(UndoPart& part);
+
+    // The part's unit has other names or another text by other means than a gesture: each earlier state of it is given
+    // to be brought along. What cannot be (false) is forgotten.
+    void Rewrite(UndoPart& part, const std::function<bool(QList<FileContent>&)>& rewrite);
 
     bool CanUndo() const { return !FDone.empty() && FOpen.empty(); }
     bool CanRedo() const { return !FUndone.empty() && FOpen.empty(); }

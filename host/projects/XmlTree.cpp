@@ -1,5 +1,6 @@
 #include "projects/XmlTree.h"
 
+#include <QRegularExpression>
 #include <QXmlStreamReader>
 
 XmlTree::XmlTree(const SourceFile& file, Problems& problems)
@@ -22,7 +23,7 @@ XmlTree::XmlTree(const SourceFile& file, Problems& problems)
             if (!open.isEmpty())
                 FElements[open.last()].Children << int(FElements.size());
             open << int(FElements.size());
-            FElements.append({ reader.name().toString(), reader.attributes(), {}, line, column, {} });
+            FElements.append({ reader.name().toString(), reader.attributes(), {}, line, column, start, {} });
             if (open.size() > DeepestLevel)
                 reader.raiseError(QStringLiteral("elements are nested deeper than %1").arg(DeepestLevel));
         } else if (token == QXmlStreamReader::EndElement) {
@@ -80,6 +81,50 @@ QList<const XmlTree::Element*> XmlTree::All(QLatin1String name) const
             found << &element;
     }
     return found;
+}
+
+namespace {
+
+// The end of the tag that begins there, over what its attributes quote; -1 when it has none.
+qsizetype EndOfTag(const QString& text, qsizetype start)
+{
+    QChar quote;
+    for (auto at = start; at < text.size(); ++at) {
+        const auto c = text[at];
+        if (quote.isNull() && (c == u'"' || c == u'\''))
+            quote = c;
+        else if (c == quote)
+            quote = QChar();
+        else if (quote.isNull() && c == u'>')
+            return at;
+    }
+    return -1;
+}
+
+}
+
+std::optional<SourceEdit> XmlTree::EditOf(
+    const QString& text, const Element& element, QLatin1String attribute, const QString& value)
+{
+    const auto end = EndOfTag(text, element.Start);
+    const QRegularExpression written(QStringLiteral("\\s%1\\s*=\\s*(?:\"([^\"]*)\"|'([^']*)')").arg(attribute));
+    const auto match = written.match(text.mid(element.Start, end - element.Start));
+    if (end < 0 || !match.hasMatch())
+        return {};
+    const int group = match.capturedStart(1) >= 0 ? 1 : 2;
+    return SourceEdit { element.Start + match.capturedStart(group), match.capturedLength(group),
+        value.toHtmlEscaped() };
+}
+
+std::optional<SourceEdit> XmlTree::EditOfText(const QString& text, const Element& element, const QString& value)
+{
+    const auto start = EndOfTag(text, element.Start) + 1;
+    const auto end = start > 0 ? text.indexOf(u'<', start) : -1;
+    if (end < 0 || text[start - 2] == u'/')
+        return {};
+    const auto found = text.mid(start, end - start);
+    const auto trimmed = found.trimmed();
+    return SourceEdit { start + found.indexOf(trimmed), trimmed.size(), value.toHtmlEscaped() };
 }
 
 Problem XmlTree::ProblemAt(const Element& element, const QString& text, Problem::Kind severity) const

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QXmlStreamAttributes>
 
+#include <optional>
+
 // The elements of a project file with the place of each. A file that is cut off gives what stands before the cut.
 class XmlTree {
 public:
@@ -16,6 +18,7 @@ public:
         QString Text; // of the element itself, without blanks around
         int Line = 0;
         int Column = 0;
+        qsizetype Start = 0; // of its tag in the file's text
         QList<int> Children;
     };
 
@@ -40,6 +43,11 @@ public:
 
     // All elements of that name, wherever they stand, in order.
     QList<const Element*> All(QLatin1String name) const;
+
+    // What gives an attribute, or the text between the tags, another value in that text; nothing where there is none.
+    static std::optional<SourceEdit> EditOf(
+        const QString& text, const Element& element, QLatin1String attribute, const QString& value);
+    static std::optional<SourceEdit> EditOfText(const QString& text, const Element& element, const QString& value);
 
     Problem ProblemAt(const Element& element, const QString& text, Problem::Kind severity = Problem::Warning) const;
 

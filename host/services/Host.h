@@ -23,6 +23,7 @@ class PackageLibrary;
 class PackageList;
 class PackageServices;
 class Project;
+class ProjectText;
 class TDragObject;
 class TMainMenu;
 class TRegistryStore;
@@ -91,12 +92,19 @@ public:
     // Called by the module.
     void SetFront(Module& module);
     void ModuleChanged(Module& module);
+    void ModuleRenamed(Module& module);
 
     // Saves together what the modules changed: all of it or nothing. Nothing when it was done.
     Failure Save(const QList<Module*>& modules);
     Failure Save(Module& module);
     Failure SaveAll();
     bool IsModified() const;
+    // These and what is saved with them: with a form that was renamed, everything that is unsaved in its project.
+    QList<Module*> SavedWith(const QList<Module*>& modules) const;
+    // Saves unit and form under another name, which the project and the units that use it take over; the old files
+    // stay. Files that are there are written over: ask with WrittenOverBySaveAs which these are.
+    Failure SaveAs(Module& module, const QString& fileName);
+    QStringList WrittenOverBySaveAs(Module& module, const QString& fileName);
 
     UndoStack& Undo() { return *FUndo; }
 
@@ -156,7 +164,8 @@ private:
     void IndexModules();
     ModuleDescription DescriptionOf(const QString& fileName, Project*& project) const;
     void Changed();
-    QList<FileContent> FilesOf(const QList<Module*>& modules) const;
+    QList<ProjectText*> ProjectsSavedWith(const QList<Module*>& modules) const;
+    QList<FileContent> FilesOf(const QList<Module*>& modules, const QList<ProjectText*>& projects) const;
 
     HostParts FParts;
     std::unique_ptr<UndoStack> FUndo;

@@ -4,8 +4,10 @@
 #include "services/Host.h"
 #include "services/Module.h"
 #include "services/Project.h"
+#include "services/SaveAs.h"
 
 #include <QFileInfo>
+#include <QSet>
 
 // Opening, closing and saving modules.
 
@@ -110,7 +112,15 @@ bool Host::CloseModule(Module& module)
         return true;
     if (Notify(ofnFileClosing, module.UnitFile()))
         return false;
+    // What is unsaved of one renaming goes together.
+    const auto together = module.IsModified() ? SavedWith({ &module }) : QList<Module*>();
+    auto* project = module.OwningProject();
     RemoveModule(module);
+    if (together.size() > 1 && project->IsOpen())
+        project->Text().Revert();
+    for (auto* other : together)
+        if (other != &module && other->IsModified())
+            Reload(*other);
     return true;
 }
 
@@ -125,12 +135,15 @@ void Host::RemoveModule(Module& module)
         quiet.push_back(std::make_unique<Designer::Quiet>(other->TheDesigner()));
     auto* project = module.OwningProject();
     const auto formClass = module.RootClass();
+    const bool wasRenamed = module.IsRootRenamed();
     module.Close();
     quiet.clear();
     FModules.removeOne(&module);
     IndexModules();
     if (project)
         project->ForgetForm(formClass);
+    if (project && wasRenamed)
+        project->ForgetFormClasses();
     if (FCurrent == &module) {
         FCurrent = nullptr;
         if (!FModules.isEmpty())
@@ -149,20 +162,59 @@ Module* Host::Reload(Module& module)
     return inFront ? ShowModule(fileName, project) : OpenModuleFile(fileName, project);
 }
 
-QList<FileContent> Host::FilesOf(const QList<Module*>& modules) const
+// A form that was renamed is saved with everything that refers to it: all that is unsaved in its project.
+QList<Module*> Host::SavedWith(const QList<Module*>& modules) const
+{
+    QSet<const Project*> whole;
+    for (const auto* module : FModules)
+        if (module->OwningProject() && module->IsRootRenamed())
+            whole << module->OwningProject();
+    QList<Module*> together;
+    for (auto* module : FModules) {
+        const bool joins = whole.contains(module->OwningProject())
+            && std::any_of(modules.begin(), modules.end(),
+                [module](const Module* asked) { return asked->OwningProject() == module->OwningProject(); });
+        if (joins || modules.contains(module))
+            together << module;
+    }
+    return together;
+}
+
+QList<ProjectText*> Host::ProjectsSavedWith(const QList<Module*>& modules) const
+{
+    QList<ProjectText*> texts;
+    for (auto* project : FProjects) {
+        const bool asked
+            = modules == FModules || std::any_of(modules.begin(), modules.end(), [project](const Module* module) {
+                  return module->OwningProject() == project && module->IsRootRenamed();
+              });
+        if (asked && project->Text().IsModified())
+            texts << &project->Text();
+    }
+    return texts;
+}
+
+QList<FileContent> Host::FilesOf(const QList<Module*>& modules, const QList<ProjectText*>& projects) const
 {
     QList<FileContent> files;
-    for (auto* module : modules)
-        for (const auto& file : module->ChangedFiles())
+    const auto add = [&files](const QList<FileContent>& changed) {
+        for (const auto& file : changed)
             if (!files.contains(file))
                 files << file;
+    };
+    for (auto* module : modules)
+        add(module->ChangedFiles());
+    for (auto* project : projects)
+        add(project->ChangedFiles());
     return files;
 }
 
 Failure Host::Save(const QList<Module*>& modules)
 {
     QList<Module*> changed;
-    for (auto* module : modules)
+    const auto together = SavedWith(modules);
+    const auto projects = ProjectsSavedWith(together);
+    for (auto* module : together)
         if (module->IsModified())
             changed << module;
     for (auto* module : std::as_const(changed)) {
@@ -173,22 +225,39 @@ Failure Host::Save(const QList<Module*>& modules)
         if (const auto failure = module->ChangedOnDisk())
             return failure;
     }
-    for (auto* module : std::as_const(changed)) {
-        module->Notifiers.Walk([](IOTAModuleNotifier& listener) { listener.BeforeSave(); });
-        module->FormEditor().Tell([](IOTAFormNotifier& listener) {
-            listener.BeforeSave();
-            listener.FormSaving();
-        });
-    }
-    if (const auto failure = SaveTogether(FilesOf(changed)))
+    for (auto* project : projects)
+        if (const auto failure = project->Refresh())
+            return failure;
+    for (auto* module : std::as_const(changed))
+        module->TellBeforeSave();
+    if (const auto failure = SaveTogether(FilesOf(changed, projects)))
         return failure;
+    for (auto* project : projects)
+        project->NoteSaved();
     for (auto* module : std::as_const(changed)) {
         module->NoteSaved();
-        module->FormEditor().Tell([](IOTAFormNotifier& listener) { listener.AfterSave(); });
-        module->Notifiers.Walk([](IOTAModuleNotifier& listener) { listener.AfterSave(); });
+        module->TellAfterSave();
     }
     Changed();
     return {};
+}
+
+QStringList Host::WrittenOverBySaveAs(Module& module, const QString& fileName)
+{
+    return ::SaveAs(*this, module, fileName).Overwritten();
+}
+
+Failure Host::SaveAs(Module& module, const QString& fileName)
+{
+    return ::SaveAs(*this, module, fileName).Run();
+}
+
+// The names are right everywhere before anybody hears of them.
+void Host::ModuleRenamed(Module& module)
+{
+    IndexModules();
+    module.TellRenamed();
+    Changed();
 }
 
 Failure Host::Save(Module& module)

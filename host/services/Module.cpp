@@ -57,9 +57,10 @@ void Module::LoadForm(Problems& problems)
     }
     FFormOnDisk = text;
     const auto& root = (*read)->root();
-    FRootClass = root.className();
+    FNameOnDisk = root.name();
+    FClassOnDisk = root.className();
     if (root.kind() == FormNode::Kind::Inherited) {
-        FAncestorClass = AncestorOf(FRootClass);
+        FAncestorClass = AncestorOf(FClassOnDisk);
         FHost.OpenFormOfClass(FProject, FAncestorClass);
     }
     FDesigner->Open(std::move(*read), text, problems);
@@ -144,10 +145,69 @@ Failure Module::ChangedOnDisk() const
 
 void Module::NoteSaved()
 {
-    if (HasDesigner())
+    if (HasDesigner()) {
         FFormOnDisk = FDesigner->Form()->Document().bytes();
+        FNameOnDisk = FDesigner->RootName();
+        FClassOnDisk = RootClass();
+        FDescription.FormName = FNameOnDisk;
+    }
     if (FUnit)
         FUnitOnDisk = FUnit->Files();
+    FDescription.Exists = FDescription.Exists || FUnit;
+    if (FProject)
+        FProject->NoteModule(FDescription.FileName, FDescription);
+}
+
+bool Module::IsRootRenamed() const
+{
+    return HasDesigner() && (FDesigner->RootName() != FNameOnDisk || RootClass() != FClassOnDisk);
+}
+
+void Module::TellBeforeSave()
+{
+    Notifiers.Walk([](IOTAModuleNotifier& listener) { listener.BeforeSave(); });
+    FFormEditor->Tell([](IOTAFormNotifier& listener) {
+        listener.BeforeSave();
+        listener.FormSaving();
+    });
+}
+
+void Module::TellAfterSave()
+{
+    FFormEditor->Tell([](IOTAFormNotifier& listener) { listener.AfterSave(); });
+    Notifiers.Walk([](IOTAModuleNotifier& listener) { listener.AfterSave(); });
+}
+
+QByteArray Module::FormBytes() const
+{
+    return HasDesigner() ? FDesigner->Form()->Document().bytes() : BytesOf(FDescription.FormFile);
+}
+
+void Module::TakeUnit(const QList<FileContent>& inMemory, const QList<FileContent>& onDisk)
+{
+    FUnit->Restore(inMemory);
+    FUnitOnDisk = onDisk;
+}
+
+void Module::TakeNames(const QString& unitFile, const QString& formFile, const QList<FileContent>& unit)
+{
+    const auto oldFile = std::exchange(FDescription.FileName, unitFile);
+    FDescription.FormFile = formFile;
+    if (auto renamed = unit.isEmpty() ? nullptr : SourceUnitFrom(unit, FProject && FProject->IsLazarus()))
+        FUnit = std::move(renamed);
+    if (FProject)
+        FProject->NoteModule(oldFile, FDescription);
+    NoteSaved();
+}
+
+// Plug-ins know the form files of one kind by their extension; the others are told of under that one.
+void Module::TellRenamed()
+{
+    const auto unitFile = FDescription.FileName;
+    Notifiers.Walk([&unitFile](IOTAModuleNotifier& listener) { listener.ModuleRenamed(unitFile); });
+    FFormEditor->Notifiers.Destroy();
+    if (HasDesigner())
+        FHost.Notify(ofnFileOpened, ChangeFileExt(unitFile, QStringLiteral(".dfm")));
 }
 
 void Module::BringToFront(View view)
@@ -190,7 +250,7 @@ FormDocument* Module::DocumentOf(const QString& className)
 
 QString Module::AncestorOf(const QString& className)
 {
-    if (SameText(className, FRootClass) || !FProject)
+    if (SameText(className, HasDesigner() ? RootClass() : FClassOnDisk) || !FProject)
         if (const auto declared = Unit() ? Unit()->FindClass(className) : std::nullopt)
             return Project::PlainClassName(declared->Ancestor);
     return FProject ? FProject->AncestorOf(className) : QString();
@@ -251,7 +311,7 @@ QList<Designer*> Module::DescendantDesigners()
     QList<Designer*> found;
     for (auto* module : FHost.Modules())
         if (module != this && module->HasDesigner() && module->FProject == FProject
-            && SameText(module->FAncestorClass, FRootClass))
+            && SameText(module->FAncestorClass, RootClass()))
             found << module->FDesigner;
     return found;
 }

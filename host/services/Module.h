@@ -30,7 +30,9 @@ public:
     const ModuleDescription& Description() const { return FDescription; }
     // The root's name as it is now; empty without a form that could be read.
     QString FormName() const { return HasDesigner() ? FDesigner->RootName() : QString(); }
-    const QString& RootClass() const { return FRootClass; }
+    QString RootClass() const { return FDesigner->RootClassName(); }
+    // Its form, or the class of its form, bears another name than on disk. It is saved together with what refers to it.
+    bool IsRootRenamed() const;
     bool HasDesigner() const { return FIsOpen && FDesigner->Form(); }
     // Always there; without a form where HasDesigner is false.
     Designer& TheDesigner() { return *FDesigner; }
@@ -44,6 +46,19 @@ public:
     // What was read or saved last differs from what is on disk now: somebody else wrote the file.
     Failure ChangedOnDisk() const;
     void NoteSaved();
+    // The listeners of module and form are told.
+    void TellBeforeSave();
+    void TellAfterSave();
+    // How the unit stands on disk, as far as it was read.
+    const QList<FileContent>& UnitOnDisk() const { return FUnitOnDisk; }
+    // The form file's bytes as they are to be saved; of a form that cannot be read, as they are.
+    QByteArray FormBytes() const;
+    // The unit stands in memory and on disk like this, under whatever file names.
+    void TakeUnit(const QList<FileContent>& inMemory, const QList<FileContent>& onDisk);
+    // Both files were saved under other names. Tells its listeners and the IDE's, in this order: the module is renamed,
+    // the form editor's listeners are done, a file is opened, by which they find the form again.
+    void TakeNames(const QString& unitFile, const QString& formFile, const QList<FileContent>& unit);
+    void TellRenamed();
     void BringToFront(View view);
     View FrontView() const { return FView; }
 
@@ -75,8 +90,12 @@ public:
     QList<UnitReference> UnitsNeededBy(TClass aClass) override;
     QList<CreatedComponent> CreatedWith(TClass aClass) override;
     const GeometryPlaces* GeometryOf(TClass aClass) const override;
+    void WillRenameRoot(const QString& newName) override;
+    Failure RenameRoot(const QString& oldName, const QString& newName) override;
+    void RootClassChanged(const QString& oldClass, const QString& newClass) override;
 
 private:
+    FormRename RenamingOfRoot(const QString& oldName, const QString& newName);
     void LoadForm(Problems& problems);
     void CheckUnit(Problems& problems);
 
@@ -88,9 +107,11 @@ private:
     Designer* FDesigner;
     ModuleSourceEditor* FSourceEditor;
     ModuleFormEditor* FFormEditor;
-    // The class of the form, and the one of the project that it inherits from; empty for a form that inherits nothing.
-    QString FRootClass;
+    // The class of the project that the form inherits from; empty for a form that inherits nothing.
     QString FAncestorClass;
+    // The root's name and class as they stand on disk.
+    QString FNameOnDisk;
+    QString FClassOnDisk;
     QByteArray FFormOnDisk;
     QList<FileContent> FUnitOnDisk;
     View FView = View::Form;

@@ -70,6 +70,7 @@ void Project::Close()
     if (!FIsOpen)
         return;
     Notifiers.Destroy();
+    FHost.Undo().Forget(FText);
     FIsOpen = false;
     FDocuments.clear();
 }
@@ -93,12 +94,19 @@ const ModuleDescription* Project::FindFile(const QString& fileName) const
     return found == FByFile.constEnd() ? nullptr : &FDescription.Modules[*found];
 }
 
+// An open form may be of another class by now than its file on disk says.
+QString Project::FormClassOf(const ModuleDescription& module) const
+{
+    const auto* open = FHost.FindOpenModule(module.FileName);
+    return open && open->HasDesigner() ? open->RootClass() : FormHeader::Read(module.FormFile).ClassName;
+}
+
 const ModuleDescription* Project::FindFormClass(const QString& className)
 {
     if (!std::exchange(FClassesKnown, true))
         for (qsizetype i = FDescription.Modules.size() - 1; i >= 0; --i)
-            if (const auto& form = FDescription.Modules[i].FormFile; !form.isEmpty())
-                FByClass.insert(FormHeader::Read(form).ClassName.toLower(), i);
+            if (const auto& module = FDescription.Modules[i]; !module.FormFile.isEmpty())
+                FByClass.insert(FormClassOf(module).toLower(), i);
     const auto found = className.isEmpty() ? FByClass.constEnd() : FByClass.constFind(className.toLower());
     return found == FByClass.constEnd() ? nullptr : &FDescription.Modules[*found];
 }
@@ -144,6 +152,30 @@ void Project::ForgetForm(const QString& className)
 {
     FDocuments.remove(className.toLower());
     FAncestors.remove(className.toLower());
+}
+
+void Project::ForgetFormClasses()
+{
+    FClassesKnown = false;
+    FByClass.clear();
+    FAncestors.clear();
+}
+
+void Project::NoteModule(const QString& oldFile, const ModuleDescription& module)
+{
+    const auto found = FByFile.constFind(oldFile.toLower());
+    if (found == FByFile.constEnd())
+        return;
+    auto& known = FDescription.Modules[*found];
+    if (known == module)
+        return;
+    if (FDescription.MainForm == known.FormName)
+        FDescription.MainForm = module.FormName;
+    for (auto& file : FDescription.OpenFiles)
+        if (file == known.FileName)
+            file = module.FileName;
+    known = module;
+    IndexFiles();
 }
 
 QString Project::PlainClassName(const QString& name)

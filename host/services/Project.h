@@ -4,6 +4,7 @@
 #include "projects/ProjectDescription.h"
 #include "rtl/TInterfacedObject.h"
 #include "services/NotifierList.h"
+#include "services/ProjectText.h"
 #include "toolsapi/ToolsAPI.h"
 
 #include <QHash>
@@ -57,6 +58,12 @@ public:
     QString AncestorOf(const QString& className);
     // What was read of a module's form is out of date.
     void ForgetForm(const QString& className);
+    // The class of an open form has another name now.
+    void ForgetFormClasses();
+    // The project's own files as they are edited.
+    ProjectText& Text() { return FText; }
+    // A module was saved: under these file names, with this form.
+    void NoteModule(const QString& oldFile, const ModuleDescription& module);
     // "TForm" of "Vcl.Forms.TForm" and "Forms::TForm".
     static QString PlainClassName(const QString& name);
     Host& TheHost() { return FHost; }
@@ -76,9 +83,11 @@ public:
 
 private:
     void IndexFiles();
+    QString FormClassOf(const ModuleDescription& module) const;
 
     Host& FHost;
     ProjectDescription FDescription;
+    ProjectText FText { FDescription };
     std::vector<ModuleInfo*> FInfos;
     QHash<QString, qsizetype> FByFile;
     QHash<QString, qsizetype> FByClass;

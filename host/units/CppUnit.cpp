@@ -56,6 +56,17 @@ std::unique_ptr<CppUnit> CppUnit::Open(const QString& fileName, Failure& failure
     return isHeader ? std::make_unique<CppUnit>(other, named) : std::make_unique<CppUnit>(named, other);
 }
 
+std::unique_ptr<CppUnit> CppUnit::From(const QList<FileContent>& files)
+{
+    std::optional<SourceFile> source;
+    std::optional<SourceFile> header;
+    for (const auto& file : files) {
+        const bool isHeader = headerExtensions.contains(QFileInfo(file.FileName).suffix(), Qt::CaseInsensitive);
+        (isHeader ? header : source) = SourceFile(file.FileName, file.Bytes);
+    }
+    return source || header ? std::make_unique<CppUnit>(source, header) : nullptr;
+}
+
 CppUnit::CppUnit(const std::optional<SourceFile>& source, const std::optional<SourceFile>& header)
 {
     if (source)
@@ -84,14 +95,15 @@ QList<FileContent> CppUnit::Files() const
     return files;
 }
 
+// In the order in which Files() gives them; their names may be others by now.
 void CppUnit::Restore(const QList<FileContent>& files)
 {
-    for (const auto& file : files) {
-        if (FSource && FSource->File.FileName() == file.FileName)
-            FSource.emplace(SourceFile(file.FileName, file.Bytes));
-        else if (FHeader && FHeader->File.FileName() == file.FileName)
-            FHeader.emplace(SourceFile(file.FileName, file.Bytes));
-    }
+    auto next = files.cbegin();
+    for (auto* part : { &FSource, &FHeader })
+        if (*part && next != files.cend()) {
+            part->emplace(SourceFile(next->FileName, next->Bytes));
+            ++next;
+        }
 }
 
 QStringList CppUnit::InterfaceUses() const

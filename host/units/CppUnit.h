@@ -4,6 +4,7 @@
 #include "units/CppSyntax.h"
 #include "units/SourceUnit.h"
 
+#include <functional>
 #include <optional>
 
 // A C++ unit: a source file and the header of the same name, which holds the form's class. What an interface uses is
@@ -12,6 +13,9 @@ class CppUnit : public SourceUnit {
 public:
     // Either file may be named; the other is looked for beside it. A header alone, or a source file alone, will do.
     static std::unique_ptr<CppUnit> Open(const QString& fileName, Failure& failure);
+
+    // From what Files() gave.
+    static std::unique_ptr<CppUnit> From(const QList<FileContent>& files);
 
     CppUnit(const std::optional<SourceFile>& source, const std::optional<SourceFile>& header);
 
@@ -27,6 +31,10 @@ public:
     // are included in angle brackets with the extension .hpp.
     Failure UseInInterface(const UnitReference& unit) override;
     Failure UseInImplementation(const UnitReference& unit) override;
+    Failure SaveUnder(const QString& fileName) override;
+    Failure RenameUsedUnit(const UnitRename& rename) override;
+    bool DeclaresVariable(const QString& name, const QString& className) const override;
+    Failure RenameForm(const FormRename& rename) override;
     Problems Check() const override;
     QList<FileContent> Files() const override;
     void Restore(const QList<FileContent>& files) override;
@@ -55,6 +63,8 @@ private:
     QString Folder() const;
     QString IncludeLine(const UnitReference& unit) const;
     Failure Include(Part& part, const UnitReference& unit);
+    QList<Part*> Parts();
+    Failure ChangeAll(const std::function<Failure(Part& part, QList<SourceEdit>& edits)>& collect);
 
     std::optional<Part> FSource;
     std::optional<Part> FHeader;

@@ -18,6 +18,10 @@ public:
     Failure RenameField(const QString& className, const QString& oldName, const QString& newName) override;
     Failure UseInInterface(const UnitReference& unit) override;
     Failure UseInImplementation(const UnitReference& unit) override;
+    Failure SaveUnder(const QString& fileName) override;
+    Failure RenameUsedUnit(const UnitRename& rename) override;
+    bool DeclaresVariable(const QString& name, const QString& className) const override;
+    Failure RenameForm(const FormRename& rename) override;
     Problems Check() const override;
     QList<FileContent> Files() const override { return { FFile.Content() }; }
     void Restore(const QList<FileContent>& files) override;
@@ -50,6 +54,19 @@ private:
     QString Separator(const PascalUses& uses, int last, const QString& name) const;
     SourceEdit NewUses(int section, const QString& name) const;
     std::optional<SourceEdit> RemovalFrom(const PascalUses& uses, int index) const;
+
+    // Renaming. `Before` and `After` are the neighbouring tokens of code, also in branches that are left out.
+    int Before(int token) const;
+    int After(int token) const;
+    bool IsMember(int token, const QString& unitName) const;
+    bool IsWord(int token, const QString& name) const;
+    SourceEdit Replacing(int first, int last, const QString& text) const;
+    void RenameInDirectives(const QString& oldBase, const QString& newBase, QList<SourceEdit>& edits) const;
+    void RenameQualifiers(
+        const QString& oldName, const QString& newName, const QStringList& members, QList<SourceEdit>& edits) const;
+    QString OwnFormVariable() const;
+    std::optional<int> ForeignUse(const FormRename& rename) const;
+    void RenameInComments(const FormRename& rename, QList<SourceEdit>& edits) const;
 
     SourceFile FFile;
     PascalDialect FDialect;

@@ -54,21 +54,48 @@ bool IsTypeName(const QString& name)
     return std::all_of(parts.cbegin(), parts.cend(), IsIdentifier);
 }
 
-std::unique_ptr<SourceUnit> OpenSourceUnit(const QString& fileName, bool lazarus, Failure& failure)
+namespace {
+
+enum class Language { None, Pascal, Cpp };
+
+Language LanguageOf(const QString& fileName)
 {
     static const QStringList pascal { QStringLiteral("pas"), QStringLiteral("pp"), QStringLiteral("dpr"),
         QStringLiteral("dpk"), QStringLiteral("lpr"), QStringLiteral("inc") };
     static const QStringList cpp { QStringLiteral("cpp"), QStringLiteral("h"), QStringLiteral("hpp"),
         QStringLiteral("hh"), QStringLiteral("cxx"), QStringLiteral("cc"), QStringLiteral("c") };
     const auto extension = QFileInfo(fileName).suffix().toLower();
-    if (cpp.contains(extension))
+    return cpp.contains(extension) ? Language::Cpp : pascal.contains(extension) ? Language::Pascal : Language::None;
+}
+
+PascalDialect DialectOf(bool lazarus)
+{
+    return lazarus ? PascalDialect::Lazarus : PascalDialect::Delphi;
+}
+
+}
+
+std::unique_ptr<SourceUnit> OpenSourceUnit(const QString& fileName, bool lazarus, Failure& failure)
+{
+    const auto language = LanguageOf(fileName);
+    if (language == Language::Cpp)
         return CppUnit::Open(fileName, failure);
-    if (!pascal.contains(extension)) {
+    if (language == Language::None) {
         failure = FileError(fileName, QStringLiteral("is no Pascal or C++ unit"));
         return {};
     }
     auto file = SourceFile::Read(fileName, failure);
     if (!file)
         return {};
-    return std::make_unique<PascalUnit>(*file, lazarus ? PascalDialect::Lazarus : PascalDialect::Delphi);
+    return std::make_unique<PascalUnit>(*file, DialectOf(lazarus));
+}
+
+std::unique_ptr<SourceUnit> SourceUnitFrom(const QList<FileContent>& files, bool lazarus)
+{
+    const auto language = files.isEmpty() ? Language::None : LanguageOf(files.first().FileName);
+    if (language == Language::Cpp)
+        return CppUnit::From(files);
+    if (language == Language::None)
+        return {};
+    return std::make_unique<PascalUnit>(SourceFile(files.first().FileName, files.first().Bytes), DialectOf(lazarus));
 }
