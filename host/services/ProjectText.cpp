@@ -59,8 +59,6 @@ QList<FileContent> ProjectText::ChangedFiles() const
 
 Failure ProjectText::RenameForm(const FormRename& rename)
 {
-    if (auto failure = Refresh())
-        return failure;
     auto files = FFiles;
     for (auto& content : files) {
         SourceFile file(content.FileName, content.Bytes);

@@ -19,7 +19,7 @@ public:
     // Reads the files, or, while nothing in them is unsaved, reads them again. Fails when one of them cannot be read,
     // or was changed on disk while it has unsaved changes here.
     Failure Refresh();
-    // An edit of all files or of none.
+    // An edit of all files or of none, after Refresh.
     Failure RenameForm(const FormRename& rename);
     bool IsModified() const { return FFiles != FOnDisk; }
     QList<FileContent> ChangedFiles() const;

@@ -93,6 +93,8 @@ void Module::WillRenameRoot(const QString& newName)
 
 Failure Module::RenameRoot(const QString& oldName, const QString& newName)
 {
+    if (auto failure = FProject ? FProject->Text().Refresh() : Failure())
+        return failure;
     const auto rename = RenamingOfRoot(oldName, newName);
     QList<Module*> users;
     for (auto* module : FHost.Modules())

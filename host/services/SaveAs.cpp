@@ -6,6 +6,7 @@
 #include "services/Project.h"
 #include "units/UsedUnits.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -31,7 +32,7 @@ bool IsPascal(const QString& fileName)
 QString WithExtension(const QString& fileName, const QString& oldFile)
 {
     const auto suffix = QFileInfo(oldFile).suffix();
-    const auto absolute = QFileInfo(fileName).absoluteFilePath();
+    const auto absolute = QDir::cleanPath(QFileInfo(fileName).absoluteFilePath());
     const bool has = KindOf(suffix).contains(QFileInfo(fileName).suffix().toLower());
     return has || suffix.isEmpty() ? absolute : absolute + u'.' + suffix;
 }
