@@ -16,6 +16,8 @@ struct Row {
 constexpr Row Rows[] = {
     { "File", "&Open Project...", Command::Open, "Ctrl+O", "Opens a project or a project group" },
     { "File", "&Save", Command::Save, "Ctrl+S", "Saves form and unit of the module in front" },
+    { "File", "Save &As...", Command::SaveAs, "Ctrl+Alt+S",
+        "Saves form and unit of the module in front under another name" },
     { "File", "Save A&ll", Command::SaveAll, "Ctrl+Shift+S", "Saves everything that was changed" },
     { "File", "-", Command::None, "", "" },
     { "File", "&Close", Command::Close, "Ctrl+W", "Closes the module in front" },

@@ -9,6 +9,7 @@ enum class Command {
     None,
     Open,
     Save,
+    SaveAs,
     SaveAll,
     Close,
     CloseProject,

@@ -349,6 +349,7 @@ void MainWindow::UpdateCommands()
     const auto* surface = Surface();
     const bool hasComponents = surface && surface->HasComponentsSelected();
     enable(Command::Save, hasModule && CurrentView()->TheModule().IsModified());
+    enable(Command::SaveAs, hasModule);
     enable(Command::SaveAll, host.IsModified());
     enable(Command::Close, hasModule);
     enable(Command::ReloadModule, hasModule);

@@ -45,6 +45,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
     virtual QString AskForFile();
+    // Another name for a unit; empty when the user thinks better of it.
+    virtual QString AskForNewName(const QString& unitFile);
 
 private:
     // IDesktop
@@ -85,6 +87,8 @@ private:
     void CloseModule();
     void CloseProject(Project& project);
     void SaveModule();
+    void SaveModuleAs();
+    bool MayWriteOver(const QStringList& files);
     void ReloadModule();
     FormSurface* Surface() const;
 

@@ -33,6 +33,9 @@ void MainWindow::Execute(Command command)
     case Command::Save:
         SaveModule();
         break;
+    case Command::SaveAs:
+        SaveModuleAs();
+        break;
     case Command::SaveAll:
         Tell(host.SaveAll());
         break;
@@ -113,6 +116,14 @@ QString MainWindow::AskForFile()
         tr("Projects (*.groupproj *.dproj *.cbproj *.dpr *.dpk *.bdsproj *.lpi *.lpr);;All files (*)"));
 }
 
+// Whether files may be written over is asked afterwards, since the form file goes along with the unit.
+QString MainWindow::AskForNewName(const QString& unitFile)
+{
+    const auto suffix = QFileInfo(unitFile).suffix();
+    return QFileDialog::getSaveFileName(this, tr("Save As"), unitFile, tr("Units (*.%1);;All files (*)").arg(suffix),
+        nullptr, QFileDialog::DontConfirmOverwrite);
+}
+
 Project* MainWindow::ProjectOf(const QString& fileName)
 {
     for (auto* project : TheHost().Projects())
@@ -163,7 +174,7 @@ bool MainWindow::MayLose(const QList<Module*>& modules)
 {
     QList<Module*> changed;
     QStringList names;
-    for (auto* module : modules)
+    for (auto* module : TheHost().SavedWith(modules))
         if (module->IsModified()) {
             changed << module;
             names << QFileInfo(module->UnitFile()).fileName();
@@ -205,6 +216,31 @@ void MainWindow::SaveModule()
 {
     if (auto* view = CurrentView())
         Tell(TheHost().Save(view->TheModule()));
+}
+
+bool MainWindow::MayWriteOver(const QStringList& files)
+{
+    QStringList names;
+    for (const auto& file : files)
+        names << QFileInfo(file).fileName();
+    if (names.isEmpty())
+        return true;
+    const auto last = names.takeLast();
+    const auto text = names.isEmpty()
+        ? tr("%1 is there already. Replace it?").arg(last)
+        : tr("%1 and %2 are there already. Replace them?").arg(names.join(QLatin1String(", ")), last);
+    return MessageDlg(text, mtConfirmation, mbYes | mbNo) == mrYes;
+}
+
+void MainWindow::SaveModuleAs()
+{
+    auto* view = CurrentView();
+    const auto file = view ? AskForNewName(view->TheModule().UnitFile()) : QString();
+    if (file.isEmpty())
+        return;
+    auto& module = view->TheModule();
+    if (MayWriteOver(TheHost().WrittenOverBySaveAs(module, file)))
+        Tell(TheHost().SaveAs(module, file));
 }
 
 void MainWindow::ReloadModule()

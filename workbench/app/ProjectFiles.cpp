@@ -15,10 +15,12 @@ namespace {
 
 enum Role { FileRole = Qt::UserRole, ProjectRole, IsProjectRole };
 
-QString FileNameOf(const ModuleDescription& module)
+// The form's name as it is now, while it is open.
+QString TextOf(const ModuleDescription& module, const Module* open)
 {
     const auto name = QFileInfo(module.FileName).fileName();
-    return module.FormName.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(module.FormName, name);
+    const auto form = open && open->HasDesigner() ? open->FormName() : module.FormName;
+    return form.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(form, name);
 }
 
 }
@@ -50,11 +52,11 @@ void ProjectFiles::AddProject(const Host& host, const Project& project)
     font.setBold(&project == host.ActiveProject());
     top->setFont(0, font);
     for (const auto& module : description.Modules) {
-        auto* item = new QTreeWidgetItem(top, { FileNameOf(module) });
+        const auto* open = host.FindOpenModule(module.FileName);
+        auto* item = new QTreeWidgetItem(top, { TextOf(module, open) });
         item->setData(0, FileRole, module.FileName);
         item->setData(0, ProjectRole, description.FileName);
         item->setToolTip(0, module.Exists ? module.FileName : tr("%1 is missing").arg(module.FileName));
-        const auto* open = host.FindOpenModule(module.FileName);
         item->setDisabled(!module.Exists && !module.HasForm());
         auto itemFont = item->font(0);
         itemFont.setItalic(!open);
@@ -68,7 +70,7 @@ void ProjectFiles::Show(const Host& host)
     for (auto* project : host.Projects())
         shown += project->GetFileName() + QChar(project == host.ActiveProject() ? u'*' : u'\n');
     for (auto* module : host.Modules())
-        shown += module->UnitFile() + u'\n';
+        shown += module->UnitFile() + u'\t' + module->FormName() + u'\n';
     if (shown == FShown)
         return;
     FShown = shown;

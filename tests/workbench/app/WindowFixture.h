@@ -23,6 +23,10 @@ protected:
         qputenv("MORVANE_PACKAGES", MORVANE_SOURCE_DIR "/packages");
     }
 
+    virtual std::unique_ptr<MainWindow> MakeWindow(SessionOptions options, const QString& settings)
+    {
+        return std::make_unique<MainWindow>(std::move(options), settings);
+    }
     // A window as at the start of the program.
     void Start(const QString& project = {})
     {
@@ -35,7 +39,7 @@ protected:
             return Answer;
         };
         options.Parts.Exceptions = [this](const Exception& exception) { Exceptions << exception.Message(); };
-        Window = std::make_unique<MainWindow>(std::move(options), Folder.filePath(QStringLiteral("window.ini")));
+        Window = MakeWindow(std::move(options), Folder.filePath(QStringLiteral("window.ini")));
         Window->show();
         Window->StartPlugin();
         if (!project.isEmpty())
