@@ -63,6 +63,9 @@ MainWindow::~MainWindow()
     while (FTabs->count() > 0)
         delete FTabs->widget(0);
     FSession.reset();
+    // What hides as it goes has nobody to tell any more.
+    for (auto* dock : findChildren<QDockWidget*>())
+        dock->disconnect(this);
 }
 
 namespace {
