@@ -149,11 +149,12 @@ void TDataSetList::OnSelectionChanged(TObject*, const InterfacePtr<IDesignerSele
     FEvents->OnSelectionChanged();
 }
 
-// Only datasets: the wrappers of forms and connections keep the old unit name.
+// Only datasets: the wrappers of forms and connections keep the old unit name. In any case of letters, as wrappers of a
+// C++ project bear "Unit1.CPP" for a module that calls itself "Unit1.cpp".
 void TDataSetList::OnModuleRenamed(TObject*, const QString& oldName, const QString& newName)
 {
     for (int i = 0; i < GetItemCount(); ++i)
-        if (GetItem(i)->FUnitName == oldName)
+        if (SameText(GetItem(i)->FUnitName, oldName))
             GetItem(i)->FUnitName = newName;
 }
 

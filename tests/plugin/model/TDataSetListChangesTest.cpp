@@ -343,6 +343,15 @@ TEST_F(FollowingTheDesigner, GivesOnlyDatasetsTheNewNameOfTheirUnit)
     EXPECT_EQ(unit, old);
 }
 
+TEST_F(FollowingTheDesigner, KnowsTheOldNameOfAUnitInAnyCase)
+{
+    OpenShop();
+    List->OnModuleRenamed(nullptr, Shop.UnitOf(u"Data"_qs).toUpper(), u"/new.pas"_qs);
+    QString unit;
+    DataSet(u"Data.Books"_qs)->IntfUnitName(unit);
+    EXPECT_EQ(unit, u"/new.pas"_qs);
+}
+
 TEST_F(FollowingTheDesigner, UpdatesTheDefinitionsOfAScratchTableOnlyWhenOneIsDeleted)
 {
     const auto fieldDefs = u"FieldDefs = <\nitem\nName = 'Id'\nDataType = ftInteger\nend>\n"_qs;
