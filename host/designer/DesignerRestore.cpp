@@ -80,6 +80,7 @@ void Designer::AdjustNodes(const QList<FormNode*>& nodes)
         auto* component = FForm->ComponentOf(node);
         if (!component || !FForm->IsInFile(*node))
             continue;
+        FForm->TakeClass(*node);
         const auto oldName = component->Name();
         if (const auto name = node->name(); name != oldName && !component->HasState(csAncestor)) {
             component->SetName(name);

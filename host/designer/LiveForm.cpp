@@ -1,5 +1,6 @@
 #include "designer/LiveForm.h"
 
+#include "designer/FormClasses.h"
 #include "designer/FormProperties.h"
 #include "rtl/SysUtils.h"
 
@@ -285,9 +286,19 @@ void LiveForm::RenameClassIn(FormNode& node, const QString& oldClass, const QStr
         OnEdit();
         Touch(node, {});
         FDocument->setClassName(node, newClass);
+        TakeClass(node);
     }
     for (auto* child : node.children())
         RenameClassIn(*child, oldClass, newClass);
+}
+
+void LiveForm::TakeClass(const FormNode& node)
+{
+    auto* component = ComponentOf(&node);
+    const bool tellsClass = node.kind() != FormNode::Kind::Inherited || component == FRoot.get();
+    if (component && tellsClass && component->ClassName() != node.className())
+        component->SetDynamicClass(
+            FormClasses::Declared(node.className(), component->ClassType().ClassParent(), FSource.ClassGroup()));
 }
 
 bool LiveForm::IsInFile(const FormNode& node) const

@@ -54,6 +54,8 @@ public:
     void RenameReferences(const QString& oldName, const QString& newName);
     // Every object of that class, the root among them, names it anew in the file.
     void RenameClass(const QString& oldClass, const QString& newClass);
+    // The component of an object whose class was renamed in the file is of that class.
+    void TakeClass(const FormNode& node);
     void MoveNode(TComponent& component, TComponent& parent);
     // Puts the node among those of its class family that its live list orders: the n-th of these siblings.
     void OrderNode(TComponent& component, const QList<TComponent*>& siblings);

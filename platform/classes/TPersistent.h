@@ -36,7 +36,7 @@ public:
     TClass ClassType() const { return FClass ? FClass : BuiltInClass(); }
     QString ClassName() const { return ClassType().ClassName(); }
     bool InheritsFrom(TClass ancestor) const { return ClassType().InheritsFrom(ancestor); }
-    // Makes the object one of a catalogue's class; done once, by the class's factory.
+    // Makes the object one of a catalogue's class: by the class's factory, and where a form's class is renamed.
     void SetDynamicClass(TClass aClass) { FClass = aClass; }
 
     // The object that this one belongs to, or nil. A component's is its owner.

@@ -174,6 +174,19 @@ TEST_F(RenamingRoots, UndoAndRedoGoOverAllOfIt)
         GetObjectProp(Component(u"MainForm.grdAuthors"_qs), u"DataSource"_qs), Component(u"dmStock.dsAuthors"_qs));
 }
 
+TEST_F(RenamingRoots, TheLiveComponentsAreOfTheNewClass)
+{
+    OpenExample(QStringLiteral("bookshop"), QStringLiteral("bookshop.dproj"));
+    for (const auto* unit : { "AddressFrame", "Customers" })
+        TheHost->OpenModuleFile(ExampleFolder + u'/' + QLatin1String(unit) + u".pas"_qs);
+    Rename(u"fraAddress"_qs, u"fraPlace"_qs);
+    EXPECT_EQ(Component(u"fraPlace"_qs)->ClassName(), u"TfraPlace"_qs);
+    EXPECT_EQ(Component(u"frmCustomers.fraHome"_qs)->ClassName(), u"TfraPlace"_qs);
+    TheHost->Undo().Undo();
+    EXPECT_EQ(Component(u"fraAddress"_qs)->ClassName(), u"TfraAddress"_qs);
+    EXPECT_EQ(Component(u"frmCustomers.fraHome"_qs)->ClassName(), u"TfraAddress"_qs);
+}
+
 TEST_F(RenamingRoots, UndoGoesOverAUnitWithoutAForm)
 {
     Shop.Form(u"MainForm"_qs).Unit(u"Helpers"_qs);
