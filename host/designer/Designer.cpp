@@ -40,9 +40,16 @@ void Designer::Close()
     FForm.reset();
 }
 
+// References to its components are cleared in other live forms, but stay in their files.
 void Designer::GoDormant()
 {
-    const Quiet quiet(*this);
+    if (!Root())
+        return;
+    for (const auto& listener : DesignNotifications())
+        AtEventBorder([&] { listener->DesignerClosed(this, true); });
+    std::vector<std::unique_ptr<Quiet>> quiet;
+    for (auto* designer : FSite.OpenDesigners())
+        quiet.push_back(std::make_unique<Quiet>(*designer));
     FSelection.clear();
     FForm->Discard();
 }

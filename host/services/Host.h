@@ -80,6 +80,7 @@ public:
     // Opens a module of the project (of any project for nil), or any file. Gives the open one again without telling
     // anybody. Raises EFOpenError when there is no such file, nil when a listener cancelled it.
     Module* OpenModuleFile(const QString& fileName, Project* project = nullptr);
+    // As plug-ins ask for it: one that is open already comes to the front, of which the form's listeners are not told.
     InterfacePtr<IOTAModule> OpenModule(const QString& fileName, Project* project = nullptr);
     // Opens and brings to the front.
     Module* ShowModule(const QString& fileName, Project* project = nullptr);
@@ -159,6 +160,7 @@ private:
     void Activate(Project* project);
     void AnnounceAgain();
     void EndProject(Project& project);
+    bool NotifyClosing(Module& module);
     void AddModule(Module& module);
     void RemoveModule(Module& module);
     void IndexModules();
@@ -179,6 +181,8 @@ private:
     QString FGroupFile;
     QList<Module*> FModules;
     Module* FCurrent = nullptr;
+    // The module that listeners are being told the end of.
+    Module* FClosing = nullptr;
     QHash<QString, Module*> FByFile;
     QHash<QString, Module*> FByLowerFile;
     QStringList FOpening;

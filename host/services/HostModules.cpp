@@ -67,9 +67,20 @@ Module* Host::OpenModuleFile(const QString& fileName, Project* project)
     return module->IsOpen() ? module : nullptr;
 }
 
+// One that is open comes to the front; one that is just closing does not.
 InterfacePtr<IOTAModule> Host::OpenModule(const QString& fileName, Project* project)
 {
-    return OpenModuleFile(fileName, project);
+    auto* known = FindOpenModule(fileName);
+    if (known && known != FClosing)
+        SetFront(*known);
+    return known ? known : OpenModuleFile(fileName, project);
+}
+
+bool Host::NotifyClosing(Module& module)
+{
+    FClosing = &module;
+    const Finally closed([this] { FClosing = nullptr; });
+    return Notify(ofnFileClosing, module.UnitFile());
 }
 
 Module* Host::ShowModule(const QString& fileName, Project* project)
@@ -110,7 +121,7 @@ bool Host::CloseModule(Module& module)
 {
     if (!module.IsOpen())
         return true;
-    if (Notify(ofnFileClosing, module.UnitFile()))
+    if (NotifyClosing(module))
         return false;
     // What is unsaved of one renaming goes together.
     const auto together = module.IsModified() ? SavedWith({ &module }) : QList<Module*>();

@@ -121,7 +121,7 @@ void Host::EndProject(Project& project)
     const auto modules = FModules;
     for (auto* module : modules)
         if (module->OwningProject() == &project && module->IsOpen()) {
-            Notify(ofnFileClosing, module->UnitFile());
+            NotifyClosing(*module);
             RemoveModule(*module);
         }
     if (FActive == &project)
@@ -152,7 +152,7 @@ void Host::CloseAll()
     const auto rest = FModules;
     for (auto* module : rest)
         if (module->IsOpen()) {
-            Notify(ofnFileClosing, module->UnitFile());
+            NotifyClosing(*module);
             RemoveModule(*module);
         }
     if (!group.isEmpty())

@@ -309,9 +309,10 @@ Designer* Module::AncestorDesigner()
 QList<Designer*> Module::DescendantDesigners()
 {
     QList<Designer*> found;
+    const auto ownClass = RootClass();
     for (auto* module : FHost.Modules())
-        if (module != this && module->HasDesigner() && module->FProject == FProject
-            && SameText(module->FAncestorClass, RootClass()))
+        if (module != this && module->HasDesigner() && module->FProject == FProject && !module->FAncestorClass.isEmpty()
+            && SameText(module->FAncestorClass, ownClass))
             found << module->FDesigner;
     return found;
 }

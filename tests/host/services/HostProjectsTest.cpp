@@ -163,6 +163,34 @@ TEST_F(OpeningProjects, OpenModuleTellsOfTheFileBeforeItReturnsAndNeverTwice)
     EXPECT_EQ(Recorder.Take(), "");
 }
 
+TEST_F(OpeningProjects, OpenModuleBringsAnOpenModuleToTheFrontAndTellsNobody)
+{
+    ScriptedProject shop;
+    shop.Form(u"MainForm"_qs).DataModule(u"Data"_qs);
+    Open(shop);
+    ASSERT_EQ(TheHost->CurrentModule(), &FormOf(u"MainForm"_qs));
+    Recorder.Take();
+    InterfaceCast<IOTAModuleServices>(BorlandIDEServices)->OpenModule(shop.UnitOf(u"Data"_qs));
+    EXPECT_EQ(TheHost->CurrentModule(), &FormOf(u"Data"_qs));
+    GetActiveProject()->GetModule(0)->OpenModule();
+    EXPECT_EQ(TheHost->CurrentModule(), &FormOf(u"MainForm"_qs));
+    EXPECT_EQ(Recorder.Take(), "");
+}
+
+TEST_F(OpeningProjects, AModuleThatClosesStaysBehindWhoeverAsksForIt)
+{
+    ScriptedProject shop;
+    shop.Form(u"MainForm"_qs).DataModule(u"Data"_qs).Form(u"Orders"_qs);
+    Open(shop);
+    const auto unit = shop.UnitOf(u"Data"_qs);
+    Recorder.OnLine = [&](const QString& line) {
+        if (line.startsWith(QLatin1String("file ofnFileClosing")))
+            TheHost->OpenModule(unit);
+    };
+    TheHost->CloseModule(FormOf(u"Data"_qs));
+    EXPECT_EQ(TheHost->CurrentModule(), &FormOf(u"MainForm"_qs));
+}
+
 TEST_F(OpeningProjects, FindModuleTakesTheExactNameFirstAndThenAnyCase)
 {
     ScriptedProject cpp(u"Shop"_qs, ScriptedProject::Kind::CppBuilder);

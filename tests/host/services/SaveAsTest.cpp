@@ -248,6 +248,37 @@ TEST_F(SavingAs, WhatWasDoneBeforeCanStillBeUndone)
     EXPECT_FALSE(TheHost->IsModified());
 }
 
+TEST_F(SavingAs, ARenamingFromBeforeCanStillBeUndone)
+{
+    OpenExample(QStringLiteral("bookshop"), QStringLiteral("bookshop.dproj"));
+    const FolderState before(ExampleFolder);
+    auto& designer = DesignerOf(u"MainForm"_qs);
+    designer.RenameComponent(*designer.Root(), u"frmShop"_qs);
+    ASSERT_FALSE(TheHost->SaveAll());
+    EXPECT_EQ(SaveAs(FormOf(u"frmShop"_qs), InExample(u"ShopWindow.pas"_qs)), "done");
+    ASSERT_TRUE(TheHost->Undo().Undo());
+    ASSERT_FALSE(TheHost->SaveAll());
+    for (const auto* old : { "Main.pas", "Main.dfm" })
+        QFile::remove(InExample(QLatin1String(old)));
+    EXPECT_EQ(before.Changes(),
+        "new ShopWindow.dfm\n"
+        "new ShopWindow.pas\n"
+        "bookshop.dpr\n"
+        "-Main in 'Main.pas' {MainForm},\n"
+        "+ShopWindow in 'ShopWindow.pas' {MainForm},\n"
+        "bookshop.dproj\n"
+        "-<DCCReference Include=\"Main.pas\">\n"
+        "+<DCCReference Include=\"ShopWindow.pas\">\n"
+        "bookshop.dsk\n"
+        "-Module1=Main.pas\n"
+        "+Module1=ShopWindow.pas\n"
+        "-[Main.pas]\n"
+        "+[ShopWindow.pas]\n"
+        "gone Main.dfm\n"
+        "gone Main.pas\n");
+    EXPECT_TRUE(ScriptedProject::Read(InExample(u"ShopWindow.pas"_qs)).contains("MainForm: TMainForm;"));
+}
+
 TEST_F(SavingAs, UnsavedChangesGoToTheNewFilesAlone)
 {
     Shop.Form(u"MainForm"_qs).DataModule(u"Data"_qs);
