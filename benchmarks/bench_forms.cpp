@@ -15,10 +15,10 @@
 
 namespace {
 
-constexpr int rounds = 20;
-const QString peer = QStringLiteral(MORVANE_BIN_DIR "/formpeer");
+constexpr int Rounds = 20;
+const QString Peer = QStringLiteral(MORVANE_BIN_DIR "/formpeer");
 
-QStringList allFiles()
+QStringList AllFiles()
 {
     const QStringList patterns { QStringLiteral("*.dfm"), QStringLiteral("*.lfm"), QStringLiteral("*.fmx") };
     auto found = Corpus::files(patterns);
@@ -29,32 +29,32 @@ QStringList allFiles()
     return found;
 }
 
-void writeLines(const QString& path, const QStringList& lines)
+void WriteLines(const QString& path, const QStringList& lines)
 {
     QFile file(path);
     if (file.open(QIODevice::WriteOnly))
         file.write(lines.join(u'\n').toUtf8() + '\n');
 }
 
-QByteArray runPeer(const QStringList& arguments)
+QByteArray RunPeer(const QStringList& arguments)
 {
     QProcess process;
-    process.start(peer, arguments);
+    process.start(Peer, arguments);
     process.waitForFinished(-1);
     return process.readAllStandardOutput();
 }
 
 // The files that the peer reads, too.
-QStringList commonFiles(const QTemporaryDir& folder)
+QStringList CommonFiles(const QTemporaryDir& folder)
 {
-    const auto all = allFiles();
-    if (!QFile::exists(peer))
+    const auto all = AllFiles();
+    if (!QFile::exists(Peer))
         return all;
     QStringList pairs;
     for (const auto& file : all)
         pairs << file + u'\t' + folder.filePath(QStringLiteral("out"));
-    writeLines(folder.filePath(QStringLiteral("pairs")), pairs);
-    const auto answers = runPeer({ QStringLiteral("convert"), folder.filePath(QStringLiteral("pairs")) }).split('\n');
+    WriteLines(folder.filePath(QStringLiteral("pairs")), pairs);
+    const auto answers = RunPeer({ QStringLiteral("convert"), folder.filePath(QStringLiteral("pairs")) }).split('\n');
     QStringList common;
     for (qsizetype i = 0; i < all.size(); ++i)
         if (answers.value(i) == "ok")
@@ -62,56 +62,56 @@ QStringList commonFiles(const QTemporaryDir& folder)
     return common;
 }
 
-const QStringList& files()
+const QStringList& Files()
 {
-    static const QStringList found = commonFiles(QTemporaryDir());
+    static const QStringList found = CommonFiles(QTemporaryDir());
     return found;
 }
 
-double bytesOfAll()
+double BytesOfAll()
 {
     double sum = 0;
-    for (const auto& file : files())
+    for (const auto& file : Files())
         sum += double(QFile(file).size());
     return sum;
 }
 
-void setRates(benchmark::State& state)
+void SetRates(benchmark::State& state)
 {
     state.counters["files/s"]
-        = benchmark::Counter(double(files().size()), benchmark::Counter::kIsIterationInvariantRate);
-    state.counters["bytes/s"] = benchmark::Counter(bytesOfAll(), benchmark::Counter::kIsIterationInvariantRate);
+        = benchmark::Counter(double(Files().size()), benchmark::Counter::kIsIterationInvariantRate);
+    state.counters["bytes/s"] = benchmark::Counter(BytesOfAll(), benchmark::Counter::kIsIterationInvariantRate);
 }
 
-void readAll()
+void ReadAll()
 {
-    for (const auto& file : files())
-        benchmark::DoNotOptimize(FormDocument::load(file));
+    for (const auto& file : Files())
+        benchmark::DoNotOptimize(FormDocument::Load(file));
 }
 
 void ReadForms(benchmark::State& state)
 {
     for (auto _ : state)
-        readAll();
-    setRates(state);
+        ReadAll();
+    SetRates(state);
 }
 BENCHMARK(ReadForms)->Unit(benchmark::kMillisecond);
 
 void ReadAndWriteForms(benchmark::State& state)
 {
     for (auto _ : state)
-        for (const auto& file : files())
-            benchmark::DoNotOptimize(FormDocument::load(file).value()->bytes());
-    setRates(state);
+        for (const auto& file : Files())
+            benchmark::DoNotOptimize(FormDocument::Load(file).Value()->Bytes());
+    SetRates(state);
 }
 BENCHMARK(ReadAndWriteForms)->Unit(benchmark::kMillisecond);
 
 void ConvertForms(benchmark::State& state)
 {
     for (auto _ : state)
-        for (const auto& file : files())
-            benchmark::DoNotOptimize(FormConverter::toBinary(*FormDocument::load(file).value()));
-    setRates(state);
+        for (const auto& file : Files())
+            benchmark::DoNotOptimize(FormConverter::ToBinary(*FormDocument::Load(file).Value()));
+    SetRates(state);
 }
 BENCHMARK(ConvertForms)->Unit(benchmark::kMillisecond);
 
@@ -121,7 +121,7 @@ void ReadLongForm(benchmark::State& state)
     const QByteArray child = "  object Edit1: TEdit\n    Left = 10\n    Caption = 'Some text'\n  end\n";
     const auto form = "object Form1: TForm1\n" + child.repeated(state.range(0)) + "end\n";
     for (auto _ : state)
-        benchmark::DoNotOptimize(FormDocument::read(form));
+        benchmark::DoNotOptimize(FormDocument::Read(form));
     state.SetComplexityN(state.range(0));
 }
 BENCHMARK(ReadLongForm)->RangeMultiplier(2)->Range(1 << 10, 1 << 17)->Complexity(benchmark::oN);
@@ -129,27 +129,27 @@ BENCHMARK(ReadLongForm)->RangeMultiplier(2)->Range(1 << 10, 1 << 17)->Complexity
 // Both in turn, so that a busy machine slows both alike; "ratio" is how many times as fast ours is.
 void BesideStreamReader(benchmark::State& state)
 {
-    if (!QFile::exists(peer)) {
+    if (!QFile::exists(Peer)) {
         state.SkipWithError("formpeer was not built: the compiler that brings the stream reader is missing");
         return;
     }
     double ours = 0;
     double theirs = 0;
     const QTemporaryDir folder;
-    writeLines(folder.filePath(QStringLiteral("files")), files());
+    WriteLines(folder.filePath(QStringLiteral("files")), Files());
     for (auto _ : state) {
         QElapsedTimer timer;
         timer.start();
-        for (int round = 0; round < rounds; ++round)
-            readAll();
+        for (int round = 0; round < Rounds; ++round)
+            ReadAll();
         ours += double(timer.nsecsElapsed());
         const auto answer
-            = runPeer({ QStringLiteral("bench"), folder.filePath(QStringLiteral("files")), QString::number(rounds) })
+            = RunPeer({ QStringLiteral("bench"), folder.filePath(QStringLiteral("files")), QString::number(Rounds) })
                   .simplified()
                   .split(' ');
         theirs += answer.value(2).toDouble();
     }
-    const auto count = double(files().size()) * rounds * double(state.iterations());
+    const auto count = double(Files().size()) * Rounds * double(state.iterations());
     state.counters["ours files/s"] = count / (ours * 1e-9);
     state.counters["peer files/s"] = count / (theirs * 1e-9);
     state.counters["ratio"] = theirs / ours;

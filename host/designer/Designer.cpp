@@ -58,12 +58,12 @@ QString Designer::RootName() const
 {
     if (auto* root = Root())
         return root->Name();
-    return FForm ? FForm->Document().root().name() : QString();
+    return FForm ? FForm->Document().Root().Name() : QString();
 }
 
 QString Designer::RootClassName() const
 {
-    return FForm ? FForm->Document().root().className() : QString();
+    return FForm ? FForm->Document().Root().ClassName() : QString();
 }
 
 void Designer::Activate()

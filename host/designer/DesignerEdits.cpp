@@ -225,7 +225,7 @@ void Designer::CollectForDeletion(TComponent& component, QList<TComponent*>& fou
         if (other->GetParentComponent() == &component)
             CollectForDeletion(*other, found);
     const auto* node = FForm->NodeOf(&component);
-    for (const auto* inner : node ? node->children() : std::span<FormNode* const>())
+    for (const auto* inner : node ? node->Children() : std::span<FormNode* const>())
         if (auto* nested = FForm->ComponentOf(inner); nested && nested->Owner() == component.Owner())
             CollectForDeletion(*nested, found);
     if (!found.contains(&component))

@@ -201,7 +201,7 @@ void Designer::TakeOver(TPersistent& original, const QString& componentName, con
         return;
     const auto* node = FForm->NodeOf(component);
     const auto path = PathOf(original, property);
-    if (node && (node->property(path) || node->property(path + QLatin1String(".Strings"))))
+    if (node && (node->Property(path) || node->Property(path + QLatin1String(".Strings"))))
         return;
     {
         const Quiet quiet(*this);

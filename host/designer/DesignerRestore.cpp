@@ -11,7 +11,7 @@ UndoState Designer::Capture()
 {
     UndoState state;
     if (FForm)
-        state.FormPosition = FForm->Document().position();
+        state.FormPosition = FForm->Document().Position();
     if (const auto* unit = FSite.Unit())
         state.Unit = unit->Files();
     return state;
@@ -24,10 +24,10 @@ void Designer::Restore(const UndoState& state, const QList<FormTouch>& touches)
         return FSite.NotifyModified();
     }
     auto& document = FForm->Document();
-    if (state.FormPosition <= document.position())
-        document.undoTo(state.FormPosition);
+    if (state.FormPosition <= document.Position())
+        document.UndoTo(state.FormPosition);
     else
-        document.redoTo(state.FormPosition);
+        document.RedoTo(state.FormPosition);
     RestoreUnit(state);
     NoteRootClass();
     FSite.NotifyModified();
@@ -82,14 +82,14 @@ void Designer::AdjustNodes(const QList<FormNode*>& nodes)
             continue;
         FForm->TakeClass(*node);
         const auto oldName = component->Name();
-        if (const auto name = node->name(); name != oldName && !component->HasState(csAncestor)) {
+        if (const auto name = node->Name(); name != oldName && !component->HasState(csAncestor)) {
             component->SetName(name);
             RenameInOtherForms(oldName, name);
             TellRenamed(*component, oldName);
             if (component != Root())
                 RenameInDescendants(oldName, name);
         }
-        auto* parent = node->parent() ? FForm->ComponentOf(node->parent()) : nullptr;
+        auto* parent = node->Parent() ? FForm->ComponentOf(node->Parent()) : nullptr;
         if (parent && component->GetParentComponent() && component->GetParentComponent() != parent)
             component->SetParentComponent(parent);
     }
@@ -100,11 +100,11 @@ void Designer::OrderFields(const QList<FormNode*>& nodes)
 {
     QSet<const FormNode*> parents;
     for (const auto* node : nodes)
-        if (const auto* parent = FForm->IsInFile(*node) ? node->parent() : nullptr)
+        if (const auto* parent = FForm->IsInFile(*node) ? node->Parent() : nullptr)
             parents.insert(parent);
     for (const auto* parent : std::as_const(parents)) {
         int index = 0;
-        for (const auto* node : parent->children()) {
+        for (const auto* node : parent->Children()) {
             auto* field = FForm->ComponentOf(node);
             if (!field || !DataKinds::IsField(*field) || field->HasState(csAncestor))
                 continue;
@@ -116,10 +116,10 @@ void Designer::OrderFields(const QList<FormNode*>& nodes)
 
 void Designer::MakeNode(FormNode& node, QList<WeakRef<TComponent>>& made)
 {
-    auto* parent = node.parent() ? FForm->ComponentOf(node.parent()) : nullptr;
+    auto* parent = node.Parent() ? FForm->ComponentOf(node.Parent()) : nullptr;
     if (!parent || FForm->ComponentOf(&node) || !FForm->IsInFile(node))
         return; // what has no parent yet comes with it
-    if (node.kind() != FormNode::Kind::Inherited) {
+    if (node.TheKind() != FormNode::Kind::Inherited) {
         for (auto* component : FForm->BuildNode(node, RootFinder()))
             made << WeakRef<TComponent>(component);
         return;
@@ -127,13 +127,13 @@ void Designer::MakeNode(FormNode& node, QList<WeakRef<TComponent>>& made)
     auto* owner = parent;
     while (owner != Root() && !owner->HasState(csInline))
         owner = owner->Owner();
-    auto* inherited = owner->FindComponent(node.name());
+    auto* inherited = owner->FindComponent(node.Name());
     if (!inherited)
         return;
     FForm->Bind(node, *inherited);
-    for (const auto* property : node.properties())
-        FForm->ReadProperty(node, property->name(), RootFinder());
-    for (auto* child : node.children())
+    for (const auto* property : node.Properties())
+        FForm->ReadProperty(node, property->Name(), RootFinder());
+    for (auto* child : node.Children())
         MakeNode(*child, made);
 }
 

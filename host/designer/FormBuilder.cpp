@@ -20,8 +20,8 @@ void FormBuilder::SetText(QByteArrayView text, const QString& fileName)
 
 TComponent* FormBuilder::Build(FormDocument& document)
 {
-    auto& node = document.root();
-    const auto className = node.className();
+    auto& node = document.Root();
+    const auto className = node.ClassName();
     const auto declared = FormClasses::Declared(className, RootBase(document, className), FSource.ClassGroup());
     auto* root = Make(declared, nullptr);
     ApplyAncestors(document, *root, Layer::Ancestor);
@@ -43,8 +43,8 @@ namespace {
 
 TClass GuessedBase(const FormNode& node, const QString& group)
 {
-    const bool hasClient = node.property(u"ClientHeight") || node.property(u"ClientWidth") || node.property(u"Caption");
-    const auto* name = hasClient || !node.property(u"Height") || node.property(u"Color") ? "TForm" : "TDataModule";
+    const bool hasClient = node.Property(u"ClientHeight") || node.Property(u"ClientWidth") || node.Property(u"Caption");
+    const auto* name = hasClient || !node.Property(u"Height") || node.Property(u"Color") ? "TForm" : "TDataModule";
     return FormClasses::Known(QString::fromLatin1(name), group);
 }
 
@@ -67,7 +67,7 @@ TClass FormBuilder::RootBase(FormDocument& document, const QString& className)
         walk = next;
         name = ancestor;
     }
-    const auto guessed = GuessedBase(walk->root(), group);
+    const auto guessed = GuessedBase(walk->Root(), group);
     return guessed ? guessed : TForm::Class();
 }
 
@@ -75,12 +75,12 @@ void FormBuilder::ApplyAncestors(FormDocument& document, TComponent& root, Layer
 {
     QList<FormDocument*> layers;
     QSet<FormDocument*> passed { &document };
-    auto className = document.root().className();
-    for (auto* walk = &document; walk->root().kind() == FormNode::Kind::Inherited;) {
+    auto className = document.Root().ClassName();
+    for (auto* walk = &document; walk->Root().TheKind() == FormNode::Kind::Inherited;) {
         className = FSource.AncestorOf(className);
         walk = className.isEmpty() ? nullptr : FSource.DocumentOf(className);
         if (!walk || passed.contains(walk)) {
-            Report(document.root(),
+            Report(document.Root(),
                 className.isEmpty()
                     ? QStringLiteral("the unit does not say what the form inherits from")
                     : QStringLiteral("%1, which the form inherits from, is no form of the project").arg(className));
@@ -90,7 +90,7 @@ void FormBuilder::ApplyAncestors(FormDocument& document, TComponent& root, Layer
         layers.prepend(walk);
     }
     for (auto* ancestor : std::as_const(layers))
-        Apply(ancestor->root(), root, root, layer);
+        Apply(ancestor->Root(), root, root, layer);
 }
 
 void FormBuilder::Apply(FormNode& node, TComponent& component, TComponent& owner, Layer layer)
@@ -98,14 +98,14 @@ void FormBuilder::Apply(FormNode& node, TComponent& component, TComponent& owner
     if (layer == Layer::Own && FBind)
         FBind(node, component);
     ReadProperties(node, component, owner);
-    for (auto* inner : node.children())
+    for (auto* inner : node.Children())
         if (auto* made = Child(*inner, component, owner, layer))
             Apply(*inner, *made, made->HasState(csInline) ? *made : owner, layer);
 }
 
 void FormBuilder::ReadProperties(const FormNode& node, TComponent& component, TComponent& scope)
 {
-    for (const auto* property : node.properties())
+    for (const auto* property : node.Properties())
         FormProperties::Read(component, *property, scope, FLinks);
     if (auto* control = dynamic_cast<TControl*>(&component))
         if (const auto* places = FSource.GeometryOf(component.ClassType()))
@@ -114,20 +114,20 @@ void FormBuilder::ReadProperties(const FormNode& node, TComponent& component, TC
 
 TComponent* FormBuilder::Child(FormNode& node, TComponent& parent, TComponent& owner, Layer layer)
 {
-    if (node.kind() == FormNode::Kind::Inherited) {
-        if (auto* found = owner.FindComponent(node.name()))
+    if (node.TheKind() == FormNode::Kind::Inherited) {
+        if (auto* found = owner.FindComponent(node.Name()))
             return found;
-        Report(node, QStringLiteral("%1 is inherited, but the ancestor has no such component").arg(node.name()));
+        Report(node, QStringLiteral("%1 is inherited, but the ancestor has no such component").arg(node.Name()));
         layer = Layer::Ancestor;
     }
-    auto* made = node.kind() == FormNode::Kind::Inline ? MakeFrame(node, owner) : Make(ClassOf(node), &owner);
+    auto* made = node.TheKind() == FormNode::Kind::Inline ? MakeFrame(node, owner) : Make(ClassOf(node), &owner);
     Prepare(node, *made, &parent, layer);
     return made;
 }
 
 TComponent* FormBuilder::MakeFrame(FormNode& node, TComponent& owner)
 {
-    const auto className = node.className();
+    const auto className = node.ClassName();
     auto* document = FOpenFrames.contains(className, Qt::CaseInsensitive) ? nullptr : FSource.DocumentOf(className);
     if (!document) {
         Report(node, QStringLiteral("the frame %1 is not in the project").arg(className));
@@ -144,7 +144,7 @@ TComponent* FormBuilder::MakeFrame(FormNode& node, TComponent& owner)
     made->SetComponentState(made->ComponentState() | csInline);
     FOpenFrames << className;
     ApplyAncestors(*document, *made, Layer::Frame);
-    Apply(document->root(), *made, *made, Layer::Frame);
+    Apply(document->Root(), *made, *made, Layer::Frame);
     FOpenFrames.removeLast();
     return made;
 }
@@ -153,18 +153,18 @@ namespace {
 
 FormClasses::Shape ShapeOf(const FormNode& node)
 {
-    if (!node.property(u"Left") && !node.property(u"Align") && !node.property(u"Position.X"))
+    if (!node.Property(u"Left") && !node.Property(u"Align") && !node.Property(u"Position.X"))
         return FormClasses::Shape::Component;
-    if (!node.property(u"Width") && !node.property(u"Height") && !node.property(u"Size.Width"))
+    if (!node.Property(u"Width") && !node.Property(u"Height") && !node.Property(u"Size.Width"))
         return FormClasses::Shape::Component;
-    return node.children().empty() ? FormClasses::Shape::Control : FormClasses::Shape::Container;
+    return node.Children().empty() ? FormClasses::Shape::Control : FormClasses::Shape::Container;
 }
 
 }
 
 TClass FormBuilder::ClassOf(const FormNode& node)
 {
-    const auto name = node.className();
+    const auto name = node.ClassName();
     auto& known = FClasses[name];
     if (!known)
         known = FormClasses::Known(name, FSource.ClassGroup());
@@ -200,7 +200,7 @@ void FormBuilder::Prepare(FormNode& node, TComponent& component, TComponent* par
 void FormBuilder::Name(FormNode& node, TComponent& component)
 {
     try {
-        component.SetName(node.name());
+        component.SetName(node.Name());
     } catch (const EComponentError& error) {
         Report(node, error.Message());
     }
@@ -209,7 +209,7 @@ void FormBuilder::Name(FormNode& node, TComponent& component)
 void FormBuilder::Report(const FormNode& node, const QString& text)
 {
     Problem problem { FFileName, 0, 0, text, Problem::Warning };
-    const auto bytes = node.header().bytes;
+    const auto bytes = node.TheHeader().Bytes;
     const auto* start = FText.data();
     if (bytes.data() >= start && bytes.data() < start + FText.size()) {
         auto at = bytes.data() - start;

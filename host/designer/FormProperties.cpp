@@ -27,9 +27,9 @@ void SetValue(TPersistent& instance, const QString& name, const TPropInfo* info,
 bool ReadDesignPosition(TPersistent& instance, const QString& name, const FormValue& value)
 {
     auto* component = dynamic_cast<TComponent*>(&instance);
-    if (!component || value.kind() != FormValue::Kind::Integer)
+    if (!component || value.TheKind() != FormValue::Kind::Integer)
         return false;
-    const auto number = int(value.toInteger());
+    const auto number = int(value.ToInteger());
     if (SameText(name, u"Left"))
         component->SetDesignPosition(number, component->DesignTop());
     else if (SameText(name, u"Top"))
@@ -44,14 +44,14 @@ bool ReadSubObject(const Place& place, const FormProperty& property, TComponent&
     if (!place.Info || !place.Info->IsSubObject)
         return false;
     auto* object = place.Info->Get(place.Instance).value<TPersistent*>();
-    if (auto* collection = dynamic_cast<TCollection*>(object); collection && property.isCollection())
+    if (auto* collection = dynamic_cast<TCollection*>(object); collection && property.IsCollection())
         ReadCollection(*collection, property, scope, links);
     return true;
 }
 
 bool IsReference(const Place& place, const FormValue& value)
 {
-    return place.Info && place.Info->PropType.Kind == tkClass && value.kind() == FormValue::Kind::Identifier;
+    return place.Info && place.Info->PropType.Kind == tkClass && value.TheKind() == FormValue::Kind::Identifier;
 }
 
 }
@@ -90,14 +90,14 @@ Taking::~Taking()
 
 void Read(TPersistent& instance, const FormProperty& property, TComponent& scope, FormLinks& links)
 {
-    const auto place = Find(instance, property.name());
-    if (ReadSubObject(place, property, scope, links) || property.isCollection())
+    const auto place = Find(instance, property.Name());
+    if (ReadSubObject(place, property, scope, links) || property.IsCollection())
         return;
-    const auto value = property.value();
+    const auto value = property.Value();
     if (auto* strings = dynamic_cast<TStrings*>(place.Instance); strings && SameText(place.Name, u"Strings"))
-        strings->SetLines(value.toStringList());
+        strings->SetLines(value.ToStringList());
     else if (IsReference(place, value))
-        links.Add({ place.Instance, place.Name, value.toString(), &scope });
+        links.Add({ place.Instance, place.Name, value.ToString(), &scope });
     else if (place.Info && place.Info->PropType.Kind == tkClass) {
         links.Add({ place.Instance, place.Name, {}, &scope });
         SetValue(*place.Instance, place.Name, place.Info, QVariant::fromValue<TPersistent*>(nullptr));
@@ -109,8 +109,8 @@ void Read(TPersistent& instance, const FormProperty& property, TComponent& scope
 void ReadBounds(TControl& control, const FormNode& node, const GeometryPlaces& places)
 {
     const auto at = [&node](const QString& path, int otherwise) {
-        const auto* line = node.property(path);
-        return line ? qRound(double(line->value().toReal())) : otherwise;
+        const auto* line = node.Property(path);
+        return line ? qRound(double(line->Value().ToReal())) : otherwise;
     };
     control.SetBounds({ at(places.Left, control.Left()), at(places.Top, control.Top()),
         at(places.Width, control.Width()), at(places.Height, control.Height()) });
@@ -137,7 +137,7 @@ void Reset(TPersistent& instance, const QString& path)
         return;
     }
     if (!place.Info) {
-        if (!ReadDesignPosition(*place.Instance, place.Name, FormValue::integer(0)))
+        if (!ReadDesignPosition(*place.Instance, place.Name, FormValue::Integer(0)))
             place.Instance->SetStoredValue(place.Name, {});
         return;
     }
@@ -159,9 +159,9 @@ void Reset(TPersistent& instance, const QString& path)
 void ReadCollection(TCollection& collection, const FormProperty& property, TComponent& scope, FormLinks& links)
 {
     collection.Clear();
-    for (const auto* node : property.items()) {
+    for (const auto* node : property.Items()) {
         auto* item = collection.Add();
-        for (const auto* inner : node->properties())
+        for (const auto* inner : node->Properties())
             Read(*item, *inner, scope, links);
     }
 }

@@ -12,35 +12,35 @@ const IntegerNames*& TheNames()
 
 QVariant Whole(const FormValue& value, const TTypeInfo& type)
 {
-    if (value.kind() == FormValue::Kind::Identifier && TheNames())
-        if (const auto number = TheNames()->IdentToInt(type.Name, value.toString()))
+    if (value.TheKind() == FormValue::Kind::Identifier && TheNames())
+        if (const auto number = TheNames()->IdentToInt(type.Name, value.ToString()))
             return *number;
-    return value.kind() == FormValue::Kind::Integer ? QVariant(qlonglong(value.toInteger()))
-                                                    : QVariant(value.toString());
+    return value.TheKind() == FormValue::Kind::Integer ? QVariant(qlonglong(value.ToInteger()))
+                                                       : QVariant(value.ToString());
 }
 
 QVariant Natural(const FormValue& value)
 {
-    switch (value.kind()) {
+    switch (value.TheKind()) {
     case FormValue::Kind::Boolean:
-        return value.toBool();
+        return value.ToBool();
     case FormValue::Kind::Integer:
-        return qlonglong(value.toInteger());
+        return qlonglong(value.ToInteger());
     case FormValue::Kind::String:
     case FormValue::Kind::Identifier:
-        return value.toString();
+        return value.ToString();
     case FormValue::Kind::Set:
     case FormValue::Kind::List:
-        return value.toStringList();
+        return value.ToStringList();
     default:
-        return value.isReal() ? QVariant(double(value.toReal())) : QVariant();
+        return value.IsReal() ? QVariant(double(value.ToReal())) : QVariant();
     }
 }
 
 QVariant Enumerated(const FormValue& value, const TTypeInfo& type)
 {
-    if (value.kind() == FormValue::Kind::Integer && type.Name != QLatin1String("Boolean"))
-        return GetEnumName(type, int(value.toInteger()));
+    if (value.TheKind() == FormValue::Kind::Integer && type.Name != QLatin1String("Boolean"))
+        return GetEnumName(type, int(value.ToInteger()));
     return Natural(value);
 }
 
@@ -50,24 +50,24 @@ FormValue Number(const QVariant& value, const TTypeInfo& type)
     const auto number = value.toLongLong(&isNumber);
     const auto name = isNumber && TheNames() ? TheNames()->IntToIdent(type.Name, number) : QString();
     if (!name.isEmpty())
-        return FormValue::identifier(name);
-    return isNumber ? FormValue::integer(number) : FormValue::identifier(value.toString());
+        return FormValue::Identifier(name);
+    return isNumber ? FormValue::Integer(number) : FormValue::Identifier(value.toString());
 }
 
 FormValue ByNature(const QVariant& value)
 {
     switch (value.typeId()) {
     case QMetaType::Bool:
-        return FormValue::boolean(value.toBool());
+        return FormValue::Boolean(value.toBool());
     case QMetaType::Int:
     case QMetaType::LongLong:
-        return FormValue::integer(value.toLongLong());
+        return FormValue::Integer(value.toLongLong());
     case QMetaType::Double:
-        return FormValue::real(value.toDouble());
+        return FormValue::Real(value.toDouble());
     case QMetaType::QStringList:
-        return FormValue::set(value.toStringList());
+        return FormValue::Set(value.toStringList());
     default:
-        return FormValue::string(value.toString());
+        return FormValue::String(value.toString());
     }
 }
 
@@ -89,10 +89,10 @@ QVariant ToVariant(const FormValue& value, const TTypeInfo* type)
     case tkEnumeration:
         return Enumerated(value, *type);
     case tkFloat:
-        return value.kind() == FormValue::Kind::Integer || value.isReal() ? QVariant(double(value.toReal()))
-                                                                          : QVariant();
+        return value.TheKind() == FormValue::Kind::Integer || value.IsReal() ? QVariant(double(value.ToReal()))
+                                                                             : QVariant();
     case tkMethod:
-        return value.kind() == FormValue::Kind::Nil ? QVariant(QString()) : QVariant(value.toString());
+        return value.TheKind() == FormValue::Kind::Nil ? QVariant(QString()) : QVariant(value.ToString());
     default:
         return Natural(value);
     }
@@ -105,16 +105,16 @@ FormValue ToFormValue(const QVariant& value, const TTypeInfo& type)
     case tkInt64:
         return Number(value, type);
     case tkEnumeration:
-        return value.typeId() == QMetaType::Bool ? FormValue::boolean(value.toBool())
-                                                 : FormValue::identifier(value.toString());
+        return value.typeId() == QMetaType::Bool ? FormValue::Boolean(value.toBool())
+                                                 : FormValue::Identifier(value.toString());
     case tkFloat:
-        return FormValue::real(value.toDouble());
+        return FormValue::Real(value.toDouble());
     case tkString:
-        return FormValue::string(value.toString());
+        return FormValue::String(value.toString());
     case tkSet:
-        return FormValue::set(value.toStringList());
+        return FormValue::Set(value.toStringList());
     case tkMethod:
-        return value.toString().isEmpty() ? FormValue::nil() : FormValue::identifier(value.toString());
+        return value.toString().isEmpty() ? FormValue::Nil() : FormValue::Identifier(value.toString());
     default:
         return ByNature(value);
     }

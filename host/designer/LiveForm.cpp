@@ -39,7 +39,7 @@ void LiveForm::Build(const FormLinks::FindRoot& otherRoot, Problems& problems)
 {
     FormBuilder builder(FSource, FLinks, problems);
     builder.SetText(
-        FDocument->format() == FormFormat::Text ? QByteArrayView(FText) : QByteArrayView(), FDocument->fileName());
+        FDocument->Format() == FormFormat::Text ? QByteArrayView(FText) : QByteArrayView(), FDocument->FileName());
     builder.SetBind([this](FormNode& node, TComponent& component) { Bind(node, component); });
     FRoot.reset(builder.Build(*FDocument));
     FLinks.Resolve(*FRoot, otherRoot);
@@ -90,8 +90,8 @@ void LiveForm::Unbind(const TComponent& component)
 // What happens within a collection's item is a change of the collection.
 void LiveForm::Touch(FormNode& node, const QString& property)
 {
-    if (const auto* collection = node.collection(); collection && node.parent())
-        Touch(*node.parent(), collection->name());
+    if (const auto* collection = node.Collection(); collection && node.Parent())
+        Touch(*node.Parent(), collection->Name());
     else if (OnTouch)
         OnTouch({ &node, property });
 }
@@ -110,7 +110,7 @@ TComponent* FileParent(const TComponent& component)
 FormNode& LiveForm::ParentNode(TComponent& component)
 {
     auto* parent = FileParent(component);
-    return parent ? NeedNode(*parent) : FDocument->root();
+    return parent ? NeedNode(*parent) : FDocument->Root();
 }
 
 FormNode& LiveForm::NeedNode(TComponent& component)
@@ -118,7 +118,7 @@ FormNode& LiveForm::NeedNode(TComponent& component)
     if (auto* node = NodeOf(&component))
         return *node;
     auto& parent = ParentNode(component);
-    auto& made = FDocument->addChild(parent, FormNode::Kind::Inherited, component.ClassName(), component.Name());
+    auto& made = FDocument->AddChild(parent, FormNode::Kind::Inherited, component.ClassName(), component.Name());
     Bind(made, component);
     Touch(made, {});
     return made;
@@ -154,7 +154,7 @@ void LiveForm::AddNode(TComponent& component, TComponent* fileParent)
     OnEdit();
     auto& parent = fileParent ? NeedNode(*fileParent) : ParentNode(component);
     const auto kind = component.HasState(csInline) ? FormNode::Kind::Inline : FormNode::Kind::Object;
-    auto& node = FDocument->addChild(parent, kind, component.ClassName(), component.Name());
+    auto& node = FDocument->AddChild(parent, kind, component.ClassName(), component.Name());
     Bind(node, component);
     Touch(node, {});
     const auto set = component.StoredValueNames();
@@ -177,17 +177,17 @@ void LiveForm::RemoveNode(TComponent& component)
         return;
     OnEdit();
     Touch(*node, {});
-    FDocument->remove(*node);
+    FDocument->Remove(*node);
 }
 
 void LiveForm::RenameNode(TComponent& component)
 {
     auto* node = NodeOf(&component);
-    if (!node || node->name() == component.Name())
+    if (!node || node->Name() == component.Name())
         return;
     OnEdit();
     Touch(*node, {});
-    FDocument->rename(*node, component.Name());
+    FDocument->Rename(*node, component.Name());
 }
 
 void LiveForm::MoveNode(TComponent& component, TComponent& parent)
@@ -195,7 +195,7 @@ void LiveForm::MoveNode(TComponent& component, TComponent& parent)
     OnEdit();
     auto& node = NeedNode(component);
     Touch(node, {});
-    FDocument->move(node, NeedNode(parent));
+    FDocument->Move(node, NeedNode(parent));
 }
 
 void LiveForm::OrderNode(TComponent& component, const QList<TComponent*>& siblings)
@@ -207,39 +207,39 @@ void LiveForm::OrderNode(TComponent& component, const QList<TComponent*>& siblin
     auto* before = at > 0 ? NodeOf(siblings[at - 1]) : nullptr;
     auto* behind = at + 1 < siblings.size() ? NodeOf(siblings[at + 1]) : nullptr;
     Touch(node, {});
-    if (before && before->parent() == node.parent())
-        FDocument->reorder(node, before->position() + (node.position() < before->position() ? 0 : 1));
-    else if (behind && behind->parent() == node.parent())
-        FDocument->reorder(node, behind->position() - (node.position() < behind->position() ? 1 : 0));
+    if (before && before->Parent() == node.Parent())
+        FDocument->Reorder(node, before->Position() + (node.Position() < before->Position() ? 0 : 1));
+    else if (behind && behind->Parent() == node.Parent())
+        FDocument->Reorder(node, behind->Position() - (node.Position() < behind->Position() ? 1 : 0));
 }
 
 void LiveForm::Write(FormNode& node, const QString& property, const FormValue& value)
 {
-    if (const auto* there = node.property(property); there && !there->isCollection() && there->value() == value)
+    if (const auto* there = node.Property(property); there && !there->IsCollection() && there->Value() == value)
         return;
     OnEdit();
     Touch(node, property);
-    FDocument->setProperty(node, property, value);
+    FDocument->SetProperty(node, property, value);
 }
 
 void LiveForm::Remove(FormNode& node, const QString& property)
 {
-    if (!node.property(property))
+    if (!node.Property(property))
         return;
     OnEdit();
     Touch(node, property);
-    FDocument->removeProperty(node, property);
+    FDocument->RemoveProperty(node, property);
 }
 
 namespace {
 
 void RenamedReference(FormValue& value, const QString& oldName, const QString& newName)
 {
-    if (value.kind() != FormValue::Kind::Identifier)
+    if (value.TheKind() != FormValue::Kind::Identifier)
         return;
-    const auto text = value.toString();
+    const auto text = value.ToString();
     if (SameText(text, oldName) || text.startsWith(oldName + u'.', Qt::CaseInsensitive))
-        value = FormValue::identifier(newName + text.mid(oldName.size()));
+        value = FormValue::Identifier(newName + text.mid(oldName.size()));
 }
 
 bool MayRefer(const TComponent* component, const QString& property)
@@ -253,65 +253,65 @@ bool MayRefer(const TComponent* component, const QString& property)
 void LiveForm::RenameReferences(const QString& oldName, const QString& newName)
 {
     if (!oldName.isEmpty() && !newName.isEmpty())
-        RenameReferencesIn(FDocument->root(), oldName, newName);
+        RenameReferencesIn(FDocument->Root(), oldName, newName);
 }
 
 void LiveForm::RenameReferencesIn(FormNode& node, const QString& oldName, const QString& newName)
 {
     const auto* component = ComponentOf(&node);
-    for (auto* property : node.properties()) {
-        for (auto* item : property->items())
+    for (auto* property : node.Properties()) {
+        for (auto* item : property->Items())
             RenameReferencesIn(*item, oldName, newName);
-        if (property->isCollection() || !MayRefer(component, property->name()))
+        if (property->IsCollection() || !MayRefer(component, property->Name()))
             continue;
-        const auto old = property->value();
+        const auto old = property->Value();
         auto value = old;
         RenamedReference(value, oldName, newName);
         if (!(value == old))
-            Write(node, property->name(), value);
+            Write(node, property->Name(), value);
     }
-    for (auto* child : node.children())
+    for (auto* child : node.Children())
         RenameReferencesIn(*child, oldName, newName);
 }
 
 void LiveForm::RenameClass(const QString& oldClass, const QString& newClass)
 {
     if (oldClass != newClass)
-        RenameClassIn(FDocument->root(), oldClass, newClass);
+        RenameClassIn(FDocument->Root(), oldClass, newClass);
 }
 
 void LiveForm::RenameClassIn(FormNode& node, const QString& oldClass, const QString& newClass)
 {
-    if (SameText(node.className(), oldClass)) {
+    if (SameText(node.ClassName(), oldClass)) {
         OnEdit();
         Touch(node, {});
-        FDocument->setClassName(node, newClass);
+        FDocument->SetClassName(node, newClass);
         TakeClass(node);
     }
-    for (auto* child : node.children())
+    for (auto* child : node.Children())
         RenameClassIn(*child, oldClass, newClass);
 }
 
 void LiveForm::TakeClass(const FormNode& node)
 {
     auto* component = ComponentOf(&node);
-    const bool tellsClass = node.kind() != FormNode::Kind::Inherited || component == FRoot.get();
-    if (component && tellsClass && component->ClassName() != node.className())
+    const bool tellsClass = node.TheKind() != FormNode::Kind::Inherited || component == FRoot.get();
+    if (component && tellsClass && component->ClassName() != node.ClassName())
         component->SetDynamicClass(
-            FormClasses::Declared(node.className(), component->ClassType().ClassParent(), FSource.ClassGroup()));
+            FormClasses::Declared(node.ClassName(), component->ClassType().ClassParent(), FSource.ClassGroup()));
 }
 
 bool LiveForm::IsInFile(const FormNode& node) const
 {
-    for (const auto* walk = &node; walk; walk = walk->parent())
-        if (walk == &FDocument->root())
+    for (const auto* walk = &node; walk; walk = walk->Parent())
+        if (walk == &FDocument->Root())
             return true;
     return false;
 }
 
 QList<TComponent*> LiveForm::BuildNode(FormNode& node, const FormLinks::FindRoot& otherRoot)
 {
-    auto* parentNode = node.parent();
+    auto* parentNode = node.Parent();
     auto* parent = ComponentOf(parentNode);
     if (!parent)
         return {};
@@ -333,7 +333,7 @@ QList<TComponent*> LiveForm::BuildNode(FormNode& node, const FormLinks::FindRoot
 bool LiveForm::ReadProperty(const FormNode& node, const QString& property, const FormLinks::FindRoot& otherRoot)
 {
     auto* component = ComponentOf(&node);
-    const auto* line = node.property(property);
+    const auto* line = node.Property(property);
     if (!component || !line)
         return false;
     auto* scope = component->Owner() && component->Owner()->HasState(csInline) ? component->Owner() : FRoot.get();

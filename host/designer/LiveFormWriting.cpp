@@ -42,10 +42,10 @@ Spot SpotOf(LiveForm& form, TPersistent& instance)
     if (auto* item = dynamic_cast<TCollectionItem*>(&instance)) {
         auto* collection = item->Collection();
         const auto spot = SpotOf(form, *collection);
-        const auto* property = spot.Node ? spot.Node->property(spot.Prefix.chopped(1)) : nullptr;
+        const auto* property = spot.Node ? spot.Node->Property(spot.Prefix.chopped(1)) : nullptr;
         const auto index = item->Index();
-        const bool there = property && index >= 0 && size_t(index) < property->items().size();
-        return there ? Spot { property->items()[size_t(index)], {} } : Spot();
+        const bool there = property && index >= 0 && size_t(index) < property->Items().size();
+        return there ? Spot { property->Items()[size_t(index)], {} } : Spot();
     }
     auto spot = SpotOf(form, *owner);
     const auto* collection = dynamic_cast<TCollection*>(&instance);
@@ -86,11 +86,11 @@ bool IsInherited(const TPersistent& inherited, const TPropInfo& info, const QVar
 // The same property of the item in the file and of the live one.
 bool Matches(const FormNode& node, TPersistent& item)
 {
-    for (const auto* property : node.properties()) {
-        const auto place = FormProperties::Find(item, property->name());
-        if (!place.Info || place.Info->IsSubObject || place.Info->PropType.Kind == tkClass || property->isCollection())
+    for (const auto* property : node.Properties()) {
+        const auto place = FormProperties::Find(item, property->Name());
+        if (!place.Info || place.Info->IsSubObject || place.Info->PropType.Kind == tkClass || property->IsCollection())
             continue;
-        if (place.Info->Get(place.Instance) != FormValues::ToVariant(property->value(), &place.Info->PropType))
+        if (place.Info->Get(place.Instance) != FormValues::ToVariant(property->Value(), &place.Info->PropType))
             return false;
     }
     return true;
@@ -98,7 +98,7 @@ bool Matches(const FormNode& node, TPersistent& item)
 
 int FirstDifference(const FormProperty& property, const TCollection& collection)
 {
-    const auto items = property.items();
+    const auto items = property.Items();
     int at = 0;
     while (size_t(at) < items.size() && at < collection.Count() && Matches(*items[size_t(at)], *collection.Item(at)))
         ++at;
@@ -147,7 +147,7 @@ bool IsSaidElsewhere(TPersistent& instance)
 void LiveForm::WriteStrings(const TStrings& strings, FormNode& node, const QString& path)
 {
     if (strings.Count() > 0 || IsSaidElsewhere(const_cast<TStrings&>(strings)))
-        Write(node, path, FormValue::strings(strings.Lines()));
+        Write(node, path, FormValue::Strings(strings.Lines()));
     else
         Remove(node, path);
 }
@@ -173,34 +173,34 @@ void LiveForm::WriteValue(TPersistent& instance, const TPropInfo* info, const QS
     auto* component = dynamic_cast<TComponent*>(&instance);
     if (!info && component && (SameText(name, u"Left") || SameText(name, u"Top"))) {
         const auto place = SameText(name, u"Left") ? component->DesignLeft() : component->DesignTop();
-        Write(node, path, FormValue::integer(place));
+        Write(node, path, FormValue::Integer(place));
         return;
     }
     if (const auto* control = dynamic_cast<TControl*>(&instance))
         if (const auto* places = FSource.GeometryOf(control->ClassType()))
             if (const auto there = PlaceOf(*places, name); !there.isEmpty()) {
-                Write(node, there, FormValue::real(info->Get(&instance).toDouble()));
+                Write(node, there, FormValue::Real(info->Get(&instance).toDouble()));
                 return;
             }
     if (const auto* form = dynamic_cast<TCustomForm*>(&instance);
         form && (SameText(name, u"Width") || SameText(name, u"Height"))) {
         // A form keeps the size of its client area; files of old have the outer one.
         const auto client = QLatin1String("Client") + name;
-        if (node.property(client) || !node.property(path))
-            Write(node, client, FormValue::integer(info->Get(form).toLongLong()));
-        if (node.property(path))
-            Write(node, path, FormValue::integer(info->Get(form).toLongLong()));
+        if (node.Property(client) || !node.Property(path))
+            Write(node, client, FormValue::Integer(info->Get(form).toLongLong()));
+        if (node.Property(path))
+            Write(node, path, FormValue::Integer(info->Get(form).toLongLong()));
         return;
     }
     if (!info) {
         const auto value = instance.StoredValue(name);
-        const auto* there = node.property(path);
-        const bool isName = there && there->value().kind() == FormValue::Kind::Identifier;
+        const auto* there = node.Property(path);
+        const bool isName = there && there->Value().TheKind() == FormValue::Kind::Identifier;
         if (!value.isValid())
             Remove(node, path);
         else
             Write(node, path,
-                isName ? FormValue::identifier(value.toString())
+                isName ? FormValue::Identifier(value.toString())
                        : FormValues::ToFormValue(value, TTypeInfo { tkUnknown, {}, {} }));
         return;
     }
@@ -220,7 +220,7 @@ void LiveForm::WriteValue(TPersistent& instance, const TPropInfo* info, const QS
     const auto* target
         = info->PropType.Kind == tkClass ? dynamic_cast<TComponent*>(value.value<TPersistent*>()) : nullptr;
     if (target && !Holds(target))
-        FLinks.Add({ &instance, name, written.toString(), FRoot.get() });
+        FLinks.Add({ &instance, name, written.ToString(), FRoot.get() });
 }
 
 FormValue LiveForm::ValueOf(const TPersistent& instance, const TPropInfo& info, const QVariant& value) const
@@ -229,17 +229,17 @@ FormValue LiveForm::ValueOf(const TPersistent& instance, const TPropInfo& info, 
         return FormValues::ToFormValue(value, info.PropType);
     const auto* target = dynamic_cast<TComponent*>(value.value<TPersistent*>());
     if (!target)
-        return FormValue::nil();
+        return FormValue::Nil();
     const auto* component = ComponentOfPart(const_cast<TPersistent&>(instance));
     const auto* scope = component->Owner() ? component->Owner() : component;
-    return FormValue::identifier(FormLinks::NameFrom(*FRoot, *scope, *target));
+    return FormValue::Identifier(FormLinks::NameFrom(*FRoot, *scope, *target));
 }
 
 void LiveForm::WriteCollection(TCollection& collection, FormNode& node, const QString& path)
 {
     const auto fileCount = [&node, &path] {
-        const auto* property = node.property(path);
-        return property ? int(property->items().size()) : 0;
+        const auto* property = node.Property(path);
+        return property ? int(property->Items().size()) : 0;
     };
     Touch(node, path);
     if (collection.Count() == 0) {
@@ -247,13 +247,13 @@ void LiveForm::WriteCollection(TCollection& collection, FormNode& node, const QS
         return;
     }
     while (fileCount() > collection.Count()) {
-        const auto* property = node.property(path);
-        FDocument->remove(*property->items()[size_t(FirstDifference(*property, collection))]);
+        const auto* property = node.Property(path);
+        FDocument->Remove(*property->Items()[size_t(FirstDifference(*property, collection))]);
     }
     while (fileCount() < collection.Count()) {
-        const auto* property = node.property(path);
+        const auto* property = node.Property(path);
         const auto at = property ? FirstDifference(*property, collection) : 0;
-        FDocument->addItem(node, path, at);
+        FDocument->AddItem(node, path, at);
         auto* item = collection.Item(at);
         for (const auto* published : GetPropList(item->ClassType(), {}, false))
             WriteProperty(*item, published->Name, nullptr);

@@ -37,61 +37,61 @@ enum class BinaryType : uchar {
 class FormBinaryCursor {
 public:
     explicit FormBinaryCursor(QByteArrayView bytes, qsizetype start = 0)
-        : m_bytes(bytes)
-        , m_at(start)
+        : FBytes(bytes)
+        , FAt(start)
     {
     }
 
-    qsizetype at() const { return m_at; }
-    bool failed() const { return m_failed; }
-    uchar peek() const { return m_at < m_bytes.size() ? static_cast<uchar>(m_bytes[m_at]) : uchar(0); }
-    bool atEnd() const { return m_at >= m_bytes.size(); }
+    qsizetype At() const { return FAt; }
+    bool Failed() const { return FFailed; }
+    uchar Peek() const { return FAt < FBytes.size() ? static_cast<uchar>(FBytes[FAt]) : uchar(0); }
+    bool AtEnd() const { return FAt >= FBytes.size(); }
 
-    QByteArrayView take(qint64 count)
+    QByteArrayView Take(qint64 count)
     {
-        if (m_failed || count < 0 || count > m_bytes.size() - m_at) {
-            m_failed = true;
+        if (FFailed || count < 0 || count > FBytes.size() - FAt) {
+            FFailed = true;
             return {};
         }
-        const auto taken = m_bytes.sliced(m_at, static_cast<qsizetype>(count));
-        m_at += taken.size();
+        const auto taken = FBytes.sliced(FAt, static_cast<qsizetype>(count));
+        FAt += taken.size();
         return taken;
     }
 
     template <typename T>
-    T number()
+    T Number()
     {
         T value {};
-        const auto taken = take(qint64(sizeof(T)));
+        const auto taken = Take(qint64(sizeof(T)));
         if (!taken.isEmpty())
             std::memcpy(&value, taken.data(), sizeof(T)); // little endian, as the machines are that forms come from
         return value;
     }
 
     // A whole number of the type; 0 of a type that is none.
-    qint64 integer(BinaryType type)
+    qint64 Integer(BinaryType type)
     {
         switch (type) {
         case BinaryType::Int8:
-            return number<qint8>();
+            return Number<qint8>();
         case BinaryType::Int16:
-            return number<qint16>();
+            return Number<qint16>();
         case BinaryType::Int32:
-            return number<qint32>();
+            return Number<qint32>();
         case BinaryType::Int64:
         case BinaryType::QWord:
-            return number<qint64>();
+            return Number<qint64>();
         default:
             return 0;
         }
     }
 
-    QByteArrayView shortString() { return take(number<uchar>()); }
-    QByteArrayView longString() { return take(number<quint32>()); }
-    QByteArrayView wideString() { return take(qint64(number<quint32>()) * 2); }
+    QByteArrayView ShortString() { return Take(Number<uchar>()); }
+    QByteArrayView LongString() { return Take(Number<quint32>()); }
+    QByteArrayView WideString() { return Take(qint64(Number<quint32>()) * 2); }
 
 private:
-    QByteArrayView m_bytes;
-    qsizetype m_at;
-    bool m_failed = false;
+    QByteArrayView FBytes;
+    qsizetype FAt;
+    bool FFailed = false;
 };

@@ -9,13 +9,13 @@
 
 namespace {
 
-QByteArray tag(BinaryType type)
+QByteArray Tag(BinaryType type)
 {
     return QByteArray(1, static_cast<char>(type));
 }
 
 template <typename T>
-QByteArray bytesOf(T number)
+QByteArray BytesOf(T number)
 {
     QByteArray bytes(sizeof(T), Qt::Uninitialized);
     qToLittleEndian(number, bytes.data());
@@ -23,53 +23,53 @@ QByteArray bytesOf(T number)
 }
 
 template <typename T>
-bool fits(qint64 number)
+bool Fits(qint64 number)
 {
     return number >= std::numeric_limits<T>::min() && number <= std::numeric_limits<T>::max();
 }
 
-QByteArray longString(BinaryType type, const QByteArray& bytes)
+QByteArray LongString(BinaryType type, const QByteArray& bytes)
 {
-    return tag(type) + bytesOf(static_cast<quint32>(bytes.size())) + bytes;
+    return Tag(type) + BytesOf(static_cast<quint32>(bytes.size())) + bytes;
 }
 
-QByteArray wide(BinaryType type, const QString& text)
+QByteArray Wide(BinaryType type, const QString& text)
 {
     QByteArray units(reinterpret_cast<const char*>(text.utf16()), text.size() * 2);
-    return tag(type) + bytesOf(static_cast<quint32>(text.size())) + units;
+    return Tag(type) + BytesOf(static_cast<quint32>(text.size())) + units;
 }
 
-QByteArray narrow(const QByteArray& bytes)
+QByteArray Narrow(const QByteArray& bytes)
 {
     if (bytes.size() > 255)
-        return longString(BinaryType::LString, bytes);
-    return tag(BinaryType::String) + FormBinaryPrinter::shortString(bytes);
+        return LongString(BinaryType::LString, bytes);
+    return Tag(BinaryType::String) + FormBinaryPrinter::ShortString(bytes);
 }
 
 }
 
-QByteArray FormBinaryPrinter::shortString(QByteArrayView bytes)
+QByteArray FormBinaryPrinter::ShortString(QByteArrayView bytes)
 {
     const auto cut = bytes.first(std::min<qsizetype>(bytes.size(), 255));
     return QByteArray(1, static_cast<char>(cut.size())) + cut.toByteArray();
 }
 
-QByteArray FormBinaryPrinter::integer(qint64 number)
+QByteArray FormBinaryPrinter::Integer(qint64 number)
 {
-    if (fits<qint8>(number))
-        return tag(BinaryType::Int8) + bytesOf(static_cast<qint8>(number));
-    if (fits<qint16>(number))
-        return tag(BinaryType::Int16) + bytesOf(static_cast<qint16>(number));
-    if (fits<qint32>(number))
-        return tag(BinaryType::Int32) + bytesOf(static_cast<qint32>(number));
-    return tag(BinaryType::Int64) + bytesOf(number);
+    if (Fits<qint8>(number))
+        return Tag(BinaryType::Int8) + BytesOf(static_cast<qint8>(number));
+    if (Fits<qint16>(number))
+        return Tag(BinaryType::Int16) + BytesOf(static_cast<qint16>(number));
+    if (Fits<qint32>(number))
+        return Tag(BinaryType::Int32) + BytesOf(static_cast<qint32>(number));
+    return Tag(BinaryType::Int64) + BytesOf(number);
 }
 
-QByteArray FormBinaryPrinter::header(
+QByteArray FormBinaryPrinter::Header(
     FormNode::Kind kind, std::optional<int> index, QByteArrayView className, QByteArrayView name)
 {
     if (kind == FormNode::Kind::Item)
-        return (index ? integer(*index) : QByteArray()) + tag(BinaryType::List);
+        return (index ? Integer(*index) : QByteArray()) + Tag(BinaryType::List);
     uchar flags = index ? 2 : 0;
     if (kind == FormNode::Kind::Inherited)
         flags |= 1;
@@ -79,90 +79,90 @@ QByteArray FormBinaryPrinter::header(
     if (flags)
         bytes += static_cast<char>(0xF0 | flags);
     if (index)
-        bytes += integer(*index);
-    return bytes + shortString(className) + shortString(name);
+        bytes += Integer(*index);
+    return bytes + ShortString(className) + ShortString(name);
 }
 
-QByteArray FormBinaryPrinter::value(const FormValue& value) const
+QByteArray FormBinaryPrinter::Value(const FormValue& value) const
 {
-    switch (value.kind()) {
+    switch (value.TheKind()) {
     case FormValue::Kind::Null: // as the identifier, since its own byte would end a list
-        return tag(BinaryType::Ident) + shortString("Null");
+        return Tag(BinaryType::Ident) + ShortString("Null");
     case FormValue::Kind::Nil:
-        return tag(BinaryType::Nil);
+        return Tag(BinaryType::Nil);
     case FormValue::Kind::Boolean:
-        return tag(value.toBool() ? BinaryType::True : BinaryType::False);
+        return Tag(value.ToBool() ? BinaryType::True : BinaryType::False);
     case FormValue::Kind::Integer:
-        return integer(value.toInteger());
+        return Integer(value.ToInteger());
     case FormValue::Kind::String:
-        return string(value);
+        return String(value);
     case FormValue::Kind::Identifier:
-        return tag(BinaryType::Ident) + shortString(m_encoding.encode(value.toString()));
+        return Tag(BinaryType::Ident) + ShortString(FEncoding.Encode(value.ToString()));
     case FormValue::Kind::Set:
-        return set(value.toStringList());
+        return Set(value.ToStringList());
     case FormValue::Kind::List: {
-        QByteArray bytes = tag(BinaryType::List);
-        for (const auto& element : value.toList())
-            bytes += this->value(element);
+        QByteArray bytes = Tag(BinaryType::List);
+        for (const auto& element : value.ToList())
+            bytes += this->Value(element);
         return bytes + '\0';
     }
     case FormValue::Kind::Collection: {
-        QByteArray bytes = tag(BinaryType::Collection);
-        for (const auto& element : value.toItems())
-            bytes += item(element);
+        QByteArray bytes = Tag(BinaryType::Collection);
+        for (const auto& element : value.ToItems())
+            bytes += Item(element);
         return bytes + '\0';
     }
     case FormValue::Kind::Binary:
-        return longString(BinaryType::Binary, value.toBinary());
+        return LongString(BinaryType::Binary, value.ToBinary());
     default:
-        return real(value);
+        return Real(value);
     }
 }
 
-QByteArray FormBinaryPrinter::real(const FormValue& value) const
+QByteArray FormBinaryPrinter::Real(const FormValue& value) const
 {
-    switch (m_reals == Reals::Extended ? FormValue::Kind::Real : value.kind()) {
+    switch (FReals == Reals::Extended ? FormValue::Kind::Real : value.TheKind()) {
     case FormValue::Kind::Double:
-        return tag(BinaryType::Double) + bytesOf(static_cast<double>(value.toReal()));
+        return Tag(BinaryType::Double) + BytesOf(static_cast<double>(value.ToReal()));
     case FormValue::Kind::Single:
-        return tag(BinaryType::Single) + bytesOf(static_cast<float>(value.toReal()));
+        return Tag(BinaryType::Single) + BytesOf(static_cast<float>(value.ToReal()));
     case FormValue::Kind::Currency:
-        return tag(BinaryType::Currency) + bytesOf(static_cast<qint64>(std::llround(value.toReal() * 10000)));
+        return Tag(BinaryType::Currency) + BytesOf(static_cast<qint64>(std::llround(value.ToReal() * 10000)));
     case FormValue::Kind::Date:
-        return tag(BinaryType::Date) + bytesOf(static_cast<double>(value.toReal()));
+        return Tag(BinaryType::Date) + BytesOf(static_cast<double>(value.ToReal()));
     default:
-        return tag(BinaryType::Extended) + FormExtended::toBytes(value.toReal());
+        return Tag(BinaryType::Extended) + FormExtended::ToBytes(value.ToReal());
     }
 }
 
-QByteArray FormBinaryPrinter::string(const FormValue& value) const
+QByteArray FormBinaryPrinter::String(const FormValue& value) const
 {
-    switch (value.stringWidth()) {
+    switch (value.TheStringWidth()) {
     case FormValue::StringWidth::Wide:
-        return wide(BinaryType::WString, value.toString());
+        return Wide(BinaryType::WString, value.ToString());
     case FormValue::StringWidth::Unicode:
-        return wide(BinaryType::Double, value.toString());
+        return Wide(BinaryType::Double, value.ToString());
     case FormValue::StringWidth::Utf8:
-        return longString(BinaryType::Utf8String, value.toString().toUtf8());
+        return LongString(BinaryType::Utf8String, value.ToString().toUtf8());
     default:
         // Bytes from a form in another encoding would mean something else here.
-        return m_encoding.decode(value.narrowBytes()) == value.toString() ? narrow(value.narrowBytes())
-                                                                          : wide(BinaryType::WString, value.toString());
+        return FEncoding.Decode(value.NarrowBytes()) == value.ToString() ? Narrow(value.NarrowBytes())
+                                                                         : Wide(BinaryType::WString, value.ToString());
     }
 }
 
-QByteArray FormBinaryPrinter::set(const QStringList& names) const
+QByteArray FormBinaryPrinter::Set(const QStringList& names) const
 {
-    QByteArray bytes = tag(BinaryType::Set);
+    QByteArray bytes = Tag(BinaryType::Set);
     for (const auto& name : names)
-        bytes += shortString(m_encoding.encode(name));
+        bytes += ShortString(FEncoding.Encode(name));
     return bytes + '\0';
 }
 
-QByteArray FormBinaryPrinter::item(const FormItem& item) const
+QByteArray FormBinaryPrinter::Item(const FormItem& item) const
 {
-    auto bytes = header(FormNode::Kind::Item, item.index, {}, {});
-    for (const auto& property : item.properties)
-        bytes += shortString(m_encoding.encode(property.name)) + value(property.value);
+    auto bytes = Header(FormNode::Kind::Item, item.Index, {}, {});
+    for (const auto& property : item.Properties)
+        bytes += ShortString(FEncoding.Encode(property.Name)) + Value(property.Value);
     return bytes + '\0';
 }

@@ -14,25 +14,25 @@ public:
     enum class Reals { OfTheirKind, Extended };
 
     explicit FormBinaryPrinter(const FormEncoding& encoding, Reals reals = Reals::OfTheirKind)
-        : m_encoding(encoding)
-        , m_reals(reals)
+        : FEncoding(encoding)
+        , FReals(reals)
     {
     }
 
-    inline static const QByteArray signature = QByteArrayLiteral("TPF0");
+    inline static const QByteArray Signature = QByteArrayLiteral("TPF0");
 
-    QByteArray value(const FormValue& value) const;
-    static QByteArray integer(qint64 number);
-    static QByteArray shortString(QByteArrayView bytes);
-    static QByteArray header(
+    QByteArray Value(const FormValue& value) const;
+    static QByteArray Integer(qint64 number);
+    static QByteArray ShortString(QByteArrayView bytes);
+    static QByteArray Header(
         FormNode::Kind kind, std::optional<int> index, QByteArrayView className, QByteArrayView name);
 
 private:
-    QByteArray string(const FormValue& value) const;
-    QByteArray real(const FormValue& value) const;
-    QByteArray set(const QStringList& names) const;
-    QByteArray item(const FormItem& item) const;
+    QByteArray String(const FormValue& value) const;
+    QByteArray Real(const FormValue& value) const;
+    QByteArray Set(const QStringList& names) const;
+    QByteArray Item(const FormItem& item) const;
 
-    FormEncoding m_encoding;
-    Reals m_reals;
+    FormEncoding FEncoding;
+    Reals FReals;
 };

@@ -8,291 +8,291 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr uchar flagMask = 0xF0;
-constexpr uchar flagInherited = 1;
-constexpr uchar flagPlace = 2;
-constexpr uchar flagInline = 4;
+constexpr uchar FlagMask = 0xF0;
+constexpr uchar FlagInherited = 1;
+constexpr uchar FlagPlace = 2;
+constexpr uchar FlagInline = 4;
 
-FormNode::Kind kindOf(uchar flags)
+FormNode::Kind KindOf(uchar flags)
 {
-    if (flags & flagInline)
+    if (flags & FlagInline)
         return FormNode::Kind::Inline;
-    return flags & flagInherited ? FormNode::Kind::Inherited : FormNode::Kind::Object;
+    return flags & FlagInherited ? FormNode::Kind::Inherited : FormNode::Kind::Object;
 }
 
 }
 
 FormBinaryReader::FormBinaryReader(FormTree& tree, qsizetype start, qsizetype end, bool doubles)
-    : m_tree(tree)
-    , m_cursor(tree.source().first(end), start + 4)
-    , m_end(end)
-    , m_pieceStart(start + 4)
-    , m_doubles(doubles)
+    : FTree(tree)
+    , FCursor(tree.Source().first(end), start + 4)
+    , FEnd(end)
+    , FPieceStart(start + 4)
+    , FDoubles(doubles)
 {
-    m_tree.prefix = tree.source().first(start + 4);
-    m_tree.doubles = doubles;
+    FTree.Prefix = tree.Source().first(start + 4);
+    FTree.Doubles = doubles;
 }
 
-std::optional<FormError> FormBinaryReader::read()
+std::optional<FormError> FormBinaryReader::Read()
 {
     try {
-        m_tree.root = object();
+        FTree.Root = Object();
     } catch (const Failure&) {
-        return m_error;
+        return FError;
     }
-    m_tree.suffix = m_tree.source().sliced(m_pieceStart);
-    if (m_nonAscii && m_utf8)
-        m_tree.encoding = FormEncoding::utf8();
+    FTree.Suffix = FTree.Source().sliced(FPieceStart);
+    if (FNonAscii && FUtf8)
+        FTree.Encoding = FormEncoding::Utf8();
     return std::nullopt;
 }
 
-QByteArrayView FormBinaryReader::name()
+QByteArrayView FormBinaryReader::Name()
 {
-    const auto found = m_cursor.shortString();
-    note(found);
+    const auto found = FCursor.ShortString();
+    Note(found);
     return found;
 }
 
 // Nothing in a binary form says what its narrow strings are in: it is UTF-8 where all of them are valid UTF-8.
-void FormBinaryReader::note(QByteArrayView text)
+void FormBinaryReader::Note(QByteArrayView text)
 {
     if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<uchar>(c) < 0x80; }))
         return;
-    m_nonAscii = true;
-    m_utf8 = m_utf8 && QUtf8StringView(text.data(), text.size()).isValidUtf8();
+    FNonAscii = true;
+    FUtf8 = FUtf8 && QUtf8StringView(text.data(), text.size()).isValidUtf8();
 }
 
-QByteArrayView FormBinaryReader::upTo(qsizetype end)
+QByteArrayView FormBinaryReader::UpTo(qsizetype end)
 {
-    const auto piece = m_tree.source().sliced(m_pieceStart, end - m_pieceStart);
-    m_pieceStart = end;
+    const auto piece = FTree.Source().sliced(FPieceStart, end - FPieceStart);
+    FPieceStart = end;
     return piece;
 }
 
-void FormBinaryReader::enter()
+void FormBinaryReader::Enter()
 {
-    if (++m_depth > maximumDepth)
-        fail(u"more than %1 levels inside one another; no program can show such a form, take out levels"_s.arg(
-                 maximumDepth),
-            m_cursor.at());
+    if (++FDepth > MaximumDepth)
+        Fail(u"more than %1 levels inside one another; no program can show such a form, take out levels"_s.arg(
+                 MaximumDepth),
+            FCursor.At());
 }
 
-void FormBinaryReader::check(const char* what)
+void FormBinaryReader::Check(const char* what)
 {
-    if (m_cursor.failed())
-        fail(u"%1 reaches beyond the end of the form; the file is cut off or damaged, take it from a backup"_s.arg(
+    if (FCursor.Failed())
+        Fail(u"%1 reaches beyond the end of the form; the file is cut off or damaged, take it from a backup"_s.arg(
                  QLatin1StringView(what)),
-            m_cursor.at());
+            FCursor.At());
 }
 
-void FormBinaryReader::fail(const QString& message, qsizetype at)
+void FormBinaryReader::Fail(const QString& message, qsizetype at)
 {
-    m_error = FormError { {}, 0, 0, at, message };
+    FError = FormError { {}, 0, 0, at, message };
     throw Failure();
 }
 
-FormNode* FormBinaryReader::object()
+FormNode* FormBinaryReader::Object()
 {
-    enter();
-    auto* node = m_tree.makeNode(m_cursor.peek() >= flagMask ? kindOf(m_cursor.peek()) : FormNode::Kind::Object);
+    Enter();
+    auto* node = FTree.MakeNode(FCursor.Peek() >= FlagMask ? KindOf(FCursor.Peek()) : FormNode::Kind::Object);
     header(*node);
-    body(*node);
-    const auto middle = upTo(m_cursor.at());
-    children(*node);
-    m_tree.setFrame(*node, middle, upTo(m_cursor.at()));
-    leave();
+    Body(*node);
+    const auto middle = UpTo(FCursor.At());
+    Children(*node);
+    FTree.SetFrame(*node, middle, UpTo(FCursor.At()));
+    Leave();
     return node;
 }
 
 void FormBinaryReader::header(FormNode& node)
 {
     FormNode::Header made;
-    if (m_cursor.peek() >= flagMask && m_cursor.number<uchar>() & flagPlace)
-        made.index = place();
-    made.className = name();
-    check("the name of a class");
-    if (made.className.isEmpty())
-        fail(u"an object without a class; the file is damaged, take it from a backup"_s, m_cursor.at());
-    made.name = name();
-    check("the name of an object");
-    made.bytes = upTo(m_cursor.at());
-    m_tree.setHeader(node, made);
+    if (FCursor.Peek() >= FlagMask && FCursor.Number<uchar>() & FlagPlace)
+        made.Index = Place();
+    made.ClassName = Name();
+    Check("the name of a class");
+    if (made.ClassName.isEmpty())
+        Fail(u"an object without a class; the file is damaged, take it from a backup"_s, FCursor.At());
+    made.Name = Name();
+    Check("the name of an object");
+    made.Bytes = UpTo(FCursor.At());
+    FTree.SetHeader(node, made);
 }
 
-int FormBinaryReader::place()
+int FormBinaryReader::Place()
 {
-    const auto at = m_cursor.at();
-    const auto type = static_cast<BinaryType>(m_cursor.number<uchar>());
-    check("the place among the siblings");
+    const auto at = FCursor.At();
+    const auto type = static_cast<BinaryType>(FCursor.Number<uchar>());
+    Check("the place among the siblings");
     if (type < BinaryType::Int8 || type > BinaryType::Int32)
-        fail(u"no whole number where the place among the siblings should stand; the file is damaged"_s, at);
-    const auto found = static_cast<int>(m_cursor.integer(type));
-    check("the place among the siblings");
+        Fail(u"no whole number where the place among the siblings should stand; the file is damaged"_s, at);
+    const auto found = static_cast<int>(FCursor.Integer(type));
+    Check("the place among the siblings");
     return found;
 }
 
-void FormBinaryReader::body(FormNode& node)
+void FormBinaryReader::Body(FormNode& node)
 {
-    const auto base = m_properties.size();
-    while (m_cursor.peek() != 0)
-        m_properties.push_back(property(node));
-    m_cursor.take(1);
-    check("the list of properties");
-    m_tree.setProperties(node, m_tree.keep(std::span(m_properties).subspan(base)));
-    m_properties.resize(base);
+    const auto base = FProperties.size();
+    while (FCursor.Peek() != 0)
+        FProperties.push_back(Property(node));
+    FCursor.Take(1);
+    Check("the list of properties");
+    FTree.SetProperties(node, FTree.Keep(std::span(FProperties).subspan(base)));
+    FProperties.resize(base);
 }
 
-void FormBinaryReader::children(FormNode& node)
+void FormBinaryReader::Children(FormNode& node)
 {
-    const auto base = m_nodes.size();
-    while (m_cursor.peek() != 0)
-        m_nodes.push_back(object());
-    m_cursor.take(1);
-    check("the list of child objects");
-    m_tree.setChildren(node, m_tree.keep(std::span(m_nodes).subspan(base)));
-    m_nodes.resize(base);
+    const auto base = FNodes.size();
+    while (FCursor.Peek() != 0)
+        FNodes.push_back(Object());
+    FCursor.Take(1);
+    Check("the list of child objects");
+    FTree.SetChildren(node, FTree.Keep(std::span(FNodes).subspan(base)));
+    FNodes.resize(base);
 }
 
-FormProperty* FormBinaryReader::property(FormNode& owner)
+FormProperty* FormBinaryReader::Property(FormNode& owner)
 {
-    auto* made = m_tree.makeProperty(&owner);
+    auto* made = FTree.MakeProperty(&owner);
     FormProperty::Pieces pieces;
-    pieces.name = name();
-    check("the name of a property");
-    pieces.lead = upTo(m_cursor.at());
-    if (static_cast<BinaryType>(m_cursor.peek()) == BinaryType::Collection) {
-        collection(pieces, made);
+    pieces.Name = Name();
+    Check("the name of a property");
+    pieces.Lead = UpTo(FCursor.At());
+    if (static_cast<BinaryType>(FCursor.Peek()) == BinaryType::Collection) {
+        Collection(pieces, made);
         return made;
     }
-    skipValue();
-    pieces.value = upTo(m_cursor.at());
-    m_tree.setPieces(*made, pieces);
+    SkipValue();
+    pieces.Value = UpTo(FCursor.At());
+    FTree.SetPieces(*made, pieces);
     return made;
 }
 
-void FormBinaryReader::skipValue()
+void FormBinaryReader::SkipValue()
 {
-    m_valueStart = m_cursor.at();
-    switch (static_cast<BinaryType>(m_cursor.number<uchar>())) {
+    FValueStart = FCursor.At();
+    switch (static_cast<BinaryType>(FCursor.Number<uchar>())) {
     case BinaryType::Null:
     case BinaryType::False:
     case BinaryType::True:
     case BinaryType::Nil:
         break;
     case BinaryType::Int8:
-        return skipFixed(1);
+        return SkipFixed(1);
     case BinaryType::Int16:
-        return skipFixed(2);
+        return SkipFixed(2);
     case BinaryType::Int32:
     case BinaryType::Single:
-        return skipFixed(4);
+        return SkipFixed(4);
     case BinaryType::Int64:
     case BinaryType::QWord:
     case BinaryType::Currency:
     case BinaryType::Date:
-        return skipFixed(8);
+        return SkipFixed(8);
     case BinaryType::Extended:
-        return skipFixed(10);
+        return SkipFixed(10);
     case BinaryType::String:
     case BinaryType::Ident:
-        name();
+        Name();
         break;
     case BinaryType::LString:
-        note(m_cursor.longString());
+        Note(FCursor.LongString());
         break;
     case BinaryType::Utf8String:
     case BinaryType::Binary:
-        m_cursor.longString();
+        FCursor.LongString();
         break;
     case BinaryType::WString:
-        m_cursor.wideString();
+        FCursor.WideString();
         break;
     case BinaryType::Double:
-        return skipAmbiguous();
+        return SkipAmbiguous();
     case BinaryType::Set:
-        return skipSet();
+        return SkipSet();
     case BinaryType::List:
-        return skipList();
+        return SkipList();
     case BinaryType::Collection:
-        return skipCollection();
+        return SkipCollection();
     default:
-        fail(u"a value of a kind that is not known; the file is damaged or newer than this program"_s, m_valueStart);
+        Fail(u"a value of a kind that is not known; the file is damaged or newer than this program"_s, FValueStart);
     }
-    check("a value");
+    Check("a value");
 }
 
-void FormBinaryReader::skipFixed(int size)
+void FormBinaryReader::SkipFixed(int size)
 {
-    m_cursor.take(size);
-    check("a number");
+    FCursor.Take(size);
+    Check("a number");
 }
 
-void FormBinaryReader::skipAmbiguous()
+void FormBinaryReader::SkipAmbiguous()
 {
-    m_ambiguous = true;
-    if (m_doubles)
-        m_cursor.take(8);
+    FAmbiguous = true;
+    if (FDoubles)
+        FCursor.Take(8);
     else
-        m_cursor.wideString();
-    check("a value");
+        FCursor.WideString();
+    Check("a value");
 }
 
-void FormBinaryReader::skipSet()
+void FormBinaryReader::SkipSet()
 {
-    while (!name().isEmpty())
-        check("an element of a set");
-    check("a set");
+    while (!Name().isEmpty())
+        Check("an element of a set");
+    Check("a set");
 }
 
-void FormBinaryReader::skipList()
+void FormBinaryReader::SkipList()
 {
-    enter();
-    while (m_cursor.peek() != 0)
-        skipValue();
-    m_cursor.take(1);
-    check("a list");
-    leave();
+    Enter();
+    while (FCursor.Peek() != 0)
+        SkipValue();
+    FCursor.Take(1);
+    Check("a list");
+    Leave();
 }
 
-void FormBinaryReader::skipCollection()
+void FormBinaryReader::SkipCollection()
 {
     FormProperty::Pieces pieces;
-    const auto start = m_pieceStart;
-    m_cursor = FormBinaryCursor(m_tree.source().first(m_end), m_cursor.at() - 1);
-    collection(pieces, m_tree.makeProperty(m_tree.makeNode(FormNode::Kind::Item)));
-    m_pieceStart = start;
+    const auto start = FPieceStart;
+    FCursor = FormBinaryCursor(FTree.Source().first(FEnd), FCursor.At() - 1);
+    Collection(pieces, FTree.MakeProperty(FTree.MakeNode(FormNode::Kind::Item)));
+    FPieceStart = start;
 }
 
-void FormBinaryReader::collection(FormProperty::Pieces& pieces, FormProperty* property)
+void FormBinaryReader::Collection(FormProperty::Pieces& pieces, FormProperty* property)
 {
-    enter();
-    m_cursor.take(1);
-    pieces.isCollection = true;
-    pieces.value = upTo(m_cursor.at());
-    const auto base = m_nodes.size();
-    while (m_cursor.peek() != 0)
-        m_nodes.push_back(item());
-    m_cursor.take(1);
-    check("a collection");
-    pieces.close = upTo(m_cursor.at());
-    pieces.items = m_tree.keep(std::span(m_nodes).subspan(base));
-    m_nodes.resize(base);
-    m_tree.setPieces(*property, pieces);
-    leave();
+    Enter();
+    FCursor.Take(1);
+    pieces.IsCollection = true;
+    pieces.Value = UpTo(FCursor.At());
+    const auto base = FNodes.size();
+    while (FCursor.Peek() != 0)
+        FNodes.push_back(Item());
+    FCursor.Take(1);
+    Check("a collection");
+    pieces.Close = UpTo(FCursor.At());
+    pieces.Items = FTree.Keep(std::span(FNodes).subspan(base));
+    FNodes.resize(base);
+    FTree.SetPieces(*property, pieces);
+    Leave();
 }
 
-FormNode* FormBinaryReader::item()
+FormNode* FormBinaryReader::Item()
 {
-    auto* node = m_tree.makeNode(FormNode::Kind::Item);
+    auto* node = FTree.MakeNode(FormNode::Kind::Item);
     FormNode::Header header;
-    if (static_cast<BinaryType>(m_cursor.peek()) != BinaryType::List)
-        header.index = place();
-    const auto at = m_cursor.at();
-    if (static_cast<BinaryType>(m_cursor.number<uchar>()) != BinaryType::List)
-        fail(u"no list of properties where an item of a collection begins; the file is damaged"_s, at);
-    header.bytes = upTo(m_cursor.at());
-    m_tree.setHeader(*node, header);
-    body(*node);
-    m_tree.setFrame(*node, {}, upTo(m_cursor.at()));
+    if (static_cast<BinaryType>(FCursor.Peek()) != BinaryType::List)
+        header.Index = Place();
+    const auto at = FCursor.At();
+    if (static_cast<BinaryType>(FCursor.Number<uchar>()) != BinaryType::List)
+        Fail(u"no list of properties where an item of a collection begins; the file is damaged"_s, at);
+    header.Bytes = UpTo(FCursor.At());
+    FTree.SetHeader(*node, header);
+    Body(*node);
+    FTree.SetFrame(*node, {}, UpTo(FCursor.At()));
     return node;
 }

@@ -11,52 +11,52 @@
 // stands. Values are decoded when somebody asks for them.
 class FormBinaryReader {
 public:
-    static constexpr int maximumDepth = 1000; // see FormTextReader
+    static constexpr int MaximumDepth = 1000; // see FormTextReader
 
     // `start` and `end` enclose the form in the tree's bytes, its signature included. `doubles` says what the value
     // type 21 is taken for.
     FormBinaryReader(FormTree& tree, qsizetype start, qsizetype end, bool doubles);
 
-    std::optional<FormError> read();
-    bool sawAmbiguousType() const { return m_ambiguous; } // a value of type 21
+    std::optional<FormError> Read();
+    bool SawAmbiguousType() const { return FAmbiguous; } // a value of type 21
 
 private:
     struct Failure { };
 
-    FormNode* object();
+    FormNode* Object();
     void header(FormNode& node);
-    int place();
-    void body(FormNode& node);
-    void children(FormNode& node);
-    FormProperty* property(FormNode& owner);
-    void skipValue();
-    void skipAmbiguous();
-    void skipFixed(int size);
-    void skipList();
-    void skipSet();
-    void skipCollection();
-    void collection(FormProperty::Pieces& pieces, FormProperty* property);
-    FormNode* item();
+    int Place();
+    void Body(FormNode& node);
+    void Children(FormNode& node);
+    FormProperty* Property(FormNode& owner);
+    void SkipValue();
+    void SkipAmbiguous();
+    void SkipFixed(int size);
+    void SkipList();
+    void SkipSet();
+    void SkipCollection();
+    void Collection(FormProperty::Pieces& pieces, FormProperty* property);
+    FormNode* Item();
 
-    QByteArrayView name();
-    void note(QByteArrayView text);
-    QByteArrayView upTo(qsizetype end);
-    void check(const char* what); // that the last read did not run past the end
-    [[noreturn]] void fail(const QString& message, qsizetype at);
-    void enter();
-    void leave() { --m_depth; }
+    QByteArrayView Name();
+    void Note(QByteArrayView text);
+    QByteArrayView UpTo(qsizetype end);
+    void Check(const char* what); // that the last read did not run past the end
+    [[noreturn]] void Fail(const QString& message, qsizetype at);
+    void Enter();
+    void Leave() { --FDepth; }
 
-    FormTree& m_tree;
-    FormBinaryCursor m_cursor;
-    qsizetype m_end;
-    qsizetype m_pieceStart;
-    qsizetype m_valueStart = 0;
-    bool m_doubles;
-    bool m_ambiguous = false;
-    bool m_nonAscii = false; // in any narrow string
-    bool m_utf8 = true; // every one of them
-    int m_depth = 0;
-    std::vector<FormProperty*> m_properties;
-    std::vector<FormNode*> m_nodes;
-    std::optional<FormError> m_error;
+    FormTree& FTree;
+    FormBinaryCursor FCursor;
+    qsizetype FEnd;
+    qsizetype FPieceStart;
+    qsizetype FValueStart = 0;
+    bool FDoubles;
+    bool FAmbiguous = false;
+    bool FNonAscii = false; // in any narrow string
+    bool FUtf8 = true; // every one of them
+    int FDepth = 0;
+    std::vector<FormProperty*> FProperties;
+    std::vector<FormNode*> FNodes;
+    std::optional<FormError> FError;
 };

@@ -4,10 +4,10 @@
 
 namespace {
 
-constexpr int extendedBias = 16383 + 63;
-constexpr int specialExponent = 0x7FFF;
+constexpr int ExtendedBias = 16383 + 63;
+constexpr int SpecialExponent = 0x7FFF;
 
-QString utf16(QByteArrayView bytes)
+QString Utf16(QByteArrayView bytes)
 {
     QString text(bytes.size() / 2, Qt::Uninitialized);
     std::memcpy(text.data(), bytes.data(), size_t(text.size()) * 2);
@@ -16,29 +16,29 @@ QString utf16(QByteArrayView bytes)
 
 }
 
-long double FormExtended::fromBytes(QByteArrayView ten)
+long double FormExtended::FromBytes(QByteArrayView ten)
 {
     FormBinaryCursor cursor(ten);
-    const auto mantissa = cursor.number<quint64>();
-    const auto top = cursor.number<quint16>();
-    const int exponent = top & specialExponent;
-    long double number = std::ldexp(static_cast<long double>(mantissa), (exponent ? exponent : 1) - extendedBias);
-    if (exponent == specialExponent)
+    const auto mantissa = cursor.Number<quint64>();
+    const auto top = cursor.Number<quint16>();
+    const int exponent = top & SpecialExponent;
+    long double number = std::ldexp(static_cast<long double>(mantissa), (exponent ? exponent : 1) - ExtendedBias);
+    if (exponent == SpecialExponent)
         number = mantissa << 1 ? std::nanl("") : HUGE_VALL;
     return top & 0x8000 ? -number : number;
 }
 
-QByteArray FormExtended::toBytes(long double number)
+QByteArray FormExtended::ToBytes(long double number)
 {
     quint16 top = std::signbit(number) ? 0x8000 : 0;
     quint64 mantissa = 0;
     if (!std::isfinite(number)) {
-        top |= specialExponent;
+        top |= SpecialExponent;
         mantissa = std::isnan(number) ? quint64(3) << 62 : quint64(1) << 63;
     } else if (number != 0) {
         int exponent = 0;
         const auto fraction = std::frexp(std::fabs(number), &exponent); // 0.5 to 1
-        const int biased = exponent - 64 + extendedBias;
+        const int biased = exponent - 64 + ExtendedBias;
         const int shift = biased < 1 ? biased - 1 : 0; // a number too small to be normal
         mantissa = static_cast<quint64>(std::ldexp(fraction, 64 + shift));
         top |= static_cast<quint16>(biased < 1 ? 0 : biased);
@@ -50,127 +50,127 @@ QByteArray FormExtended::toBytes(long double number)
 }
 
 FormBinaryValue::FormBinaryValue(QByteArrayView bytes, const FormEncoding& encoding, bool doubles)
-    : m_encoding(encoding)
-    , m_bytes(bytes)
-    , m_cursor(bytes)
-    , m_doubles(doubles)
+    : FEncoding(encoding)
+    , FBytes(bytes)
+    , FCursor(bytes)
+    , FDoubles(doubles)
 {
 }
 
-FormValue FormBinaryValue::read()
+FormValue FormBinaryValue::Read()
 {
-    auto found = value();
-    found.setSpelling(m_bytes.toByteArray());
+    auto found = Value();
+    found.SetSpelling(FBytes.toByteArray());
     return found;
 }
 
-FormValue FormBinaryValue::value()
+FormValue FormBinaryValue::Value()
 {
-    const auto type = static_cast<BinaryType>(m_cursor.number<uchar>());
+    const auto type = static_cast<BinaryType>(FCursor.Number<uchar>());
     switch (type) {
     case BinaryType::Null:
         return {};
     case BinaryType::Nil:
-        return FormValue::nil();
+        return FormValue::Nil();
     case BinaryType::False:
     case BinaryType::True:
-        return FormValue::boolean(type == BinaryType::True);
+        return FormValue::Boolean(type == BinaryType::True);
     case BinaryType::Int8:
     case BinaryType::Int16:
     case BinaryType::Int32:
     case BinaryType::Int64:
     case BinaryType::QWord:
-        return FormValue::integer(m_cursor.integer(type));
+        return FormValue::Integer(FCursor.Integer(type));
     case BinaryType::Ident:
-        return FormValue::identifier(m_encoding.decode(m_cursor.shortString()));
+        return FormValue::Identifier(FEncoding.Decode(FCursor.ShortString()));
     case BinaryType::Binary:
-        return FormValue::binary(m_cursor.longString().toByteArray());
+        return FormValue::Binary(FCursor.LongString().toByteArray());
     case BinaryType::Set:
-        return set();
+        return Set();
     case BinaryType::List:
-        return list();
+        return List();
     case BinaryType::Collection:
-        return collection();
+        return Collection();
     case BinaryType::String:
     case BinaryType::LString:
     case BinaryType::WString:
     case BinaryType::Utf8String:
-        return string(type);
+        return String(type);
     default:
-        return type == BinaryType::Double && !m_doubles ? string(type) : real(type);
+        return type == BinaryType::Double && !FDoubles ? String(type) : Real(type);
     }
 }
 
-FormValue FormBinaryValue::real(BinaryType type)
+FormValue FormBinaryValue::Real(BinaryType type)
 {
     switch (type) {
     case BinaryType::Extended:
-        return FormValue::real(FormExtended::fromBytes(m_cursor.take(10)), FormValue::Kind::Real);
+        return FormValue::Real(FormExtended::FromBytes(FCursor.Take(10)), FormValue::Kind::Real);
     case BinaryType::Single:
-        return FormValue::real(static_cast<long double>(m_cursor.number<float>()), FormValue::Kind::Single);
+        return FormValue::Real(static_cast<long double>(FCursor.Number<float>()), FormValue::Kind::Single);
     case BinaryType::Currency:
-        return FormValue::real(static_cast<long double>(m_cursor.number<qint64>()) / 10000, FormValue::Kind::Currency);
+        return FormValue::Real(static_cast<long double>(FCursor.Number<qint64>()) / 10000, FormValue::Kind::Currency);
     case BinaryType::Date:
-        return FormValue::real(static_cast<long double>(m_cursor.number<double>()), FormValue::Kind::Date);
+        return FormValue::Real(static_cast<long double>(FCursor.Number<double>()), FormValue::Kind::Date);
     default:
-        return FormValue::real(static_cast<long double>(m_cursor.number<double>()), FormValue::Kind::Double);
+        return FormValue::Real(static_cast<long double>(FCursor.Number<double>()), FormValue::Kind::Double);
     }
 }
 
-FormValue FormBinaryValue::string(BinaryType type)
+FormValue FormBinaryValue::String(BinaryType type)
 {
     switch (type) {
     case BinaryType::WString:
-        return FormValue::string(utf16(m_cursor.wideString()), FormValue::StringWidth::Wide);
+        return FormValue::String(Utf16(FCursor.WideString()), FormValue::StringWidth::Wide);
     case BinaryType::Double:
-        return FormValue::string(utf16(m_cursor.wideString()), FormValue::StringWidth::Unicode);
+        return FormValue::String(Utf16(FCursor.WideString()), FormValue::StringWidth::Unicode);
     case BinaryType::Utf8String:
-        return FormValue::string(QString::fromUtf8(m_cursor.longString()), FormValue::StringWidth::Utf8);
+        return FormValue::String(QString::fromUtf8(FCursor.LongString()), FormValue::StringWidth::Utf8);
     default: {
-        const auto bytes = type == BinaryType::String ? m_cursor.shortString() : m_cursor.longString();
-        return FormValue::narrowString(m_encoding.decode(bytes), bytes.toByteArray());
+        const auto bytes = type == BinaryType::String ? FCursor.ShortString() : FCursor.LongString();
+        return FormValue::NarrowString(FEncoding.Decode(bytes), bytes.toByteArray());
     }
     }
 }
 
-FormValue FormBinaryValue::set()
+FormValue FormBinaryValue::Set()
 {
     QStringList names;
-    for (auto name = m_cursor.shortString(); !name.isEmpty(); name = m_cursor.shortString())
-        names << m_encoding.decode(name);
-    return FormValue::set(names);
+    for (auto name = FCursor.ShortString(); !name.isEmpty(); name = FCursor.ShortString())
+        names << FEncoding.Decode(name);
+    return FormValue::Set(names);
 }
 
-FormValue FormBinaryValue::list()
+FormValue FormBinaryValue::List()
 {
     QList<FormValue> values;
-    while (m_cursor.peek() != 0)
-        values << value();
-    m_cursor.take(1);
-    return FormValue::list(values);
+    while (FCursor.Peek() != 0)
+        values << Value();
+    FCursor.Take(1);
+    return FormValue::List(values);
 }
 
-FormValue FormBinaryValue::collection()
+FormValue FormBinaryValue::Collection()
 {
     QList<FormItem> items;
-    while (m_cursor.peek() != 0 && !m_cursor.failed())
-        items << item();
-    m_cursor.take(1);
-    return FormValue::collection(items);
+    while (FCursor.Peek() != 0 && !FCursor.Failed())
+        items << Item();
+    FCursor.Take(1);
+    return FormValue::Collection(items);
 }
 
-FormItem FormBinaryValue::item()
+FormItem FormBinaryValue::Item()
 {
     FormItem made;
-    const auto first = static_cast<BinaryType>(m_cursor.number<uchar>());
+    const auto first = static_cast<BinaryType>(FCursor.Number<uchar>());
     if (first != BinaryType::List) {
-        made.index = static_cast<int>(m_cursor.integer(first));
-        m_cursor.take(1);
+        made.Index = static_cast<int>(FCursor.Integer(first));
+        FCursor.Take(1);
     }
-    while (m_cursor.peek() != 0 && !m_cursor.failed()) {
-        const auto name = m_encoding.decode(m_cursor.shortString());
-        made.properties << FormItemProperty { name, value() };
+    while (FCursor.Peek() != 0 && !FCursor.Failed()) {
+        const auto name = FEncoding.Decode(FCursor.ShortString());
+        made.Properties << FormItemProperty { name, Value() };
     }
-    m_cursor.take(1);
+    FCursor.Take(1);
     return made;
 }

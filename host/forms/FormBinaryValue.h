@@ -10,27 +10,27 @@ public:
     // `doubles` says what the value type 21 is: a double, else a string of UTF-16.
     FormBinaryValue(QByteArrayView bytes, const FormEncoding& encoding, bool doubles);
 
-    FormValue read();
+    FormValue Read();
 
 private:
-    FormValue value();
-    FormValue real(BinaryType type);
-    FormValue string(BinaryType type);
-    FormValue set();
-    FormValue list();
-    FormValue collection();
-    FormItem item();
+    FormValue Value();
+    FormValue Real(BinaryType type);
+    FormValue String(BinaryType type);
+    FormValue Set();
+    FormValue List();
+    FormValue Collection();
+    FormItem Item();
 
-    FormEncoding m_encoding;
-    QByteArrayView m_bytes;
-    FormBinaryCursor m_cursor;
-    bool m_doubles;
+    FormEncoding FEncoding;
+    QByteArrayView FBytes;
+    FormBinaryCursor FCursor;
+    bool FDoubles;
 };
 
 // 80-bit numbers as they stand in a binary form.
 namespace FormExtended {
 
-long double fromBytes(QByteArrayView ten);
-QByteArray toBytes(long double number);
+long double FromBytes(QByteArrayView ten);
+QByteArray ToBytes(long double number);
 
 }

@@ -12,134 +12,135 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int longestName = 255;
+constexpr int LongestName = 255;
 
 class BinaryForm {
 public:
     explicit BinaryForm(const FormEncoding& encoding)
-        : m_printer(encoding, FormBinaryPrinter::Reals::Extended)
+        : FPrinter(encoding, FormBinaryPrinter::Reals::Extended)
     {
     }
 
-    void add(const FormNode& node)
+    void Add(const FormNode& node)
     {
-        const auto& header = node.header();
-        bytes += FormBinaryPrinter::header(node.kind(), header.index, header.className, header.name);
-        for (const auto* property : node.properties())
-            add(*property);
-        bytes += '\0';
-        if (node.kind() == FormNode::Kind::Item)
+        const auto& header = node.TheHeader();
+        Bytes += FormBinaryPrinter::Header(node.TheKind(), header.Index, header.ClassName, header.Name);
+        for (const auto* property : node.Properties())
+            Add(*property);
+        Bytes += '\0';
+        if (node.TheKind() == FormNode::Kind::Item)
             return;
-        for (const auto* child : node.children())
-            add(*child);
-        bytes += '\0';
+        for (const auto* child : node.Children())
+            Add(*child);
+        Bytes += '\0';
     }
 
-    QByteArray bytes = FormBinaryPrinter::signature;
+    QByteArray Bytes = FormBinaryPrinter::Signature;
 
 private:
-    void add(const FormProperty& property)
+    void Add(const FormProperty& property)
     {
-        bytes += FormBinaryPrinter::shortString(property.nameBytes());
-        if (!property.isCollection()) {
-            bytes += m_printer.value(property.value());
+        Bytes += FormBinaryPrinter::ShortString(property.NameBytes());
+        if (!property.IsCollection()) {
+            Bytes += FPrinter.Value(property.Value());
             return;
         }
-        bytes += static_cast<char>(BinaryType::Collection);
-        for (const auto* item : property.items())
-            add(*item);
-        bytes += '\0';
+        Bytes += static_cast<char>(BinaryType::Collection);
+        for (const auto* item : property.Items())
+            Add(*item);
+        Bytes += '\0';
     }
 
-    FormBinaryPrinter m_printer;
+    FormBinaryPrinter FPrinter;
 };
 
 class TextForm {
 public:
     explicit TextForm(const FormTextStyle& style)
-        : m_style(style)
-        , m_printer(style)
+        : FStyle(style)
+        , FPrinter(style)
     {
     }
 
-    void add(const FormNode& node, const QByteArray& indent)
+    void Add(const FormNode& node, const QByteArray& indent)
     {
-        const auto& header = node.header();
-        const FormNames names { node.kind(), header.className.toByteArray(), header.name.toByteArray(), header.index };
-        bytes += indent + m_printer.header(names) + m_style.lineEnd;
-        for (const auto* property : node.properties())
-            add(*property, indent + m_style.step);
-        for (const auto* child : node.children())
-            add(*child, indent + m_style.step);
-        bytes += indent + "end";
-        if (node.kind() != FormNode::Kind::Item)
-            bytes += m_style.lineEnd;
+        const auto& header = node.TheHeader();
+        const FormNames names { node.TheKind(), header.ClassName.toByteArray(), header.Name.toByteArray(),
+            header.Index };
+        Bytes += indent + FPrinter.header(names) + FStyle.LineEnd;
+        for (const auto* property : node.Properties())
+            Add(*property, indent + FStyle.Step);
+        for (const auto* child : node.Children())
+            Add(*child, indent + FStyle.Step);
+        Bytes += indent + "end";
+        if (node.TheKind() != FormNode::Kind::Item)
+            Bytes += FStyle.LineEnd;
     }
 
-    QByteArray bytes;
+    QByteArray Bytes;
 
 private:
-    void add(const FormProperty& property, const QByteArray& indent)
+    void Add(const FormProperty& property, const QByteArray& indent)
     {
-        bytes += indent + property.nameBytes().toByteArray() + " = ";
-        if (property.isCollection())
-            addItems(property, indent);
+        Bytes += indent + property.NameBytes().toByteArray() + " = ";
+        if (property.IsCollection())
+            AddItems(property, indent);
         else
-            bytes += m_printer.value(property.value(), indent);
-        bytes += m_style.lineEnd;
+            Bytes += FPrinter.Value(property.Value(), indent);
+        Bytes += FStyle.LineEnd;
     }
 
-    void addItems(const FormProperty& property, const QByteArray& indent)
+    void AddItems(const FormProperty& property, const QByteArray& indent)
     {
-        bytes += '<';
-        for (const auto* item : property.items()) {
-            bytes += m_style.lineEnd;
-            add(*item, indent + m_style.step);
+        Bytes += '<';
+        for (const auto* item : property.Items()) {
+            Bytes += FStyle.LineEnd;
+            Add(*item, indent + FStyle.Step);
         }
-        bytes += '>';
+        Bytes += '>';
     }
 
-    const FormTextStyle& m_style;
-    FormTextPrinter m_printer;
+    const FormTextStyle& FStyle;
+    FormTextPrinter FPrinter;
 };
 
 // Where a name is too long for a binary form.
-std::optional<FormError> longName(const FormDocument& form)
+std::optional<FormError> LongName(const FormDocument& form)
 {
-    const auto& tree = form.tree();
-    const auto bytes = form.bytes();
-    FormLexer lexer(bytes, tree.prefix.size());
+    const auto& tree = form.Tree();
+    const auto bytes = form.Bytes();
+    FormLexer lexer(bytes, tree.Prefix.size());
     FormToken last;
     qsizetype start = 0;
     bool dotted = false;
-    for (auto token = lexer.next(); token.kind != FormToken::Kind::End && token.kind != FormToken::Kind::Error;
-         token = lexer.next()) {
-        if (token.kind == FormToken::Kind::Symbol) {
-            start = dotted ? start : token.begin;
-            if (token.end - start > longestName)
-                return formErrorAt(bytes, tree.prefix.size(), tree.encoding, start,
+    for (auto token = lexer.Next(); token.Type != FormToken::Kind::End && token.Type != FormToken::Kind::Error;
+         token = lexer.Next()) {
+        if (token.Type == FormToken::Kind::Symbol) {
+            start = dotted ? start : token.Begin;
+            if (token.End - start > LongestName)
+                return FormErrorAt(bytes, tree.Prefix.size(), tree.Encoding, start,
                     u"a name of more than 255 bytes, for which a binary form has no room; shorten it"_s);
         }
-        dotted = token.is('.') && last.kind == FormToken::Kind::Symbol;
+        dotted = token.Is('.') && last.Type == FormToken::Kind::Symbol;
         last = token;
     }
     return std::nullopt;
 }
 
-FormTextStyle styleFor(const QString& target, const FormEncoding& encoding)
+FormTextStyle StyleFor(const QString& target, const FormEncoding& encoding)
 {
     FormTextStyle style;
-    style.encoding = encoding;
+    style.Encoding = encoding;
     if (target.endsWith(".lfm"_L1, Qt::CaseInsensitive)) {
-        style.lineEnd = "\n";
-        style.rawStrings = encoding.isUtf8();
-        style.paddedReals = false;
-        style.ownLineClose = true;
+        style.LineEnd = "\n";
+        style.RawStrings = encoding.IsUtf8();
+        style.PaddedReals = false;
+        style.OwnLineClose = true;
     }
     return style;
 }
 
-std::optional<FormError> save(const QString& path, const QByteArray& bytes)
+std::optional<FormError> Save(const QString& path, const QByteArray& bytes)
 {
     QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
@@ -151,41 +152,41 @@ std::optional<FormError> save(const QString& path, const QByteArray& bytes)
 
 }
 
-FormResult<QByteArray> FormConverter::toBinary(const FormDocument& form)
+FormResult<QByteArray> FormConverter::ToBinary(const FormDocument& form)
 {
-    if (form.format() == FormFormat::Binary)
-        return FormBinaryPrinter::signature + FormWriter::bytes(form.root());
-    if (auto error = longName(form)) {
-        error->file = form.fileName();
+    if (form.Format() == FormFormat::Binary)
+        return FormBinaryPrinter::Signature + FormWriter::Bytes(form.Root());
+    if (auto error = LongName(form)) {
+        error->File = form.FileName();
         return *error;
     }
-    BinaryForm made(form.encoding());
-    made.add(form.root());
-    return made.bytes;
+    BinaryForm made(form.Encoding());
+    made.Add(form.Root());
+    return made.Bytes;
 }
 
-FormResult<QByteArray> FormConverter::toText(const FormDocument& form, const FormTextStyle& style)
+FormResult<QByteArray> FormConverter::ToText(const FormDocument& form, const FormTextStyle& style)
 {
-    if (form.format() == FormFormat::Text)
-        return form.bytes();
-    if (const auto name = FormSayable::firstUnsayable(form.root()))
-        return FormError { form.fileName(), 0, 0, 0,
+    if (form.Format() == FormFormat::Text)
+        return form.Bytes();
+    if (const auto name = FormSayable::FirstUnsayable(form.Root()))
+        return FormError { form.FileName(), 0, 0, 0,
             u"the name \"%1\" cannot be written in text; rename it, or leave the form binary"_s.arg(*name) };
     auto own = style;
-    own.encoding = form.encoding();
-    own.narrowBytes = true;
+    own.Encoding = form.Encoding();
+    own.NarrowBytes = true;
     TextForm made(own);
-    made.add(form.root(), {});
-    return made.bytes;
+    made.Add(form.Root(), {});
+    return made.Bytes;
 }
 
-std::optional<FormError> FormConverter::convertFile(const QString& source, const QString& target)
+std::optional<FormError> FormConverter::ConvertFile(const QString& source, const QString& target)
 {
-    const auto form = FormDocument::load(source);
+    const auto form = FormDocument::Load(source);
     if (!form)
-        return form.error();
-    const auto& document = *form.value();
-    const auto bytes = document.format() == FormFormat::Binary ? toText(document, styleFor(target, document.encoding()))
-                                                               : toBinary(document);
-    return bytes ? save(target, bytes.value()) : bytes.error();
+        return form.Error();
+    const auto& document = *form.Value();
+    const auto bytes = document.Format() == FormFormat::Binary ? ToText(document, StyleFor(target, document.Encoding()))
+                                                               : ToBinary(document);
+    return bytes ? Save(target, bytes.Value()) : bytes.Error();
 }

@@ -16,14 +16,14 @@
 namespace FormConverter {
 
 // Fails where a name has more than the 255 bytes that a binary form has room for. Of a binary form: its bare bytes.
-FormResult<QByteArray> toBinary(const FormDocument& form);
+FormResult<QByteArray> ToBinary(const FormDocument& form);
 
 // Fails where a name cannot be written in text. The encoding is the form's own, whatever the style says. Of a form in
 // text: its bytes.
-FormResult<QByteArray> toText(const FormDocument& form, const FormTextStyle& style);
+FormResult<QByteArray> ToText(const FormDocument& form, const FormTextStyle& style);
 
 // Reads a form file and writes it in the other format, in place of what was at `target`; with the line ends of the
 // target's kind of file (.lfm: LF, others: CRLF). Returns what went wrong; the old file is whole then.
-std::optional<FormError> convertFile(const QString& source, const QString& target);
+std::optional<FormError> ConvertFile(const QString& source, const QString& target);
 
 }

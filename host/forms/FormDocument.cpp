@@ -17,127 +17,127 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QByteArrayView utf8Mark("\xEF\xBB\xBF");
-constexpr QByteArrayView signature("TPF0");
+constexpr QByteArrayView Utf8Mark("\xEF\xBB\xBF");
+constexpr QByteArrayView Signature("TPF0");
 
-FormError errorAt(const QString& message, qint64 offset, int line = 0)
+FormError ErrorAt(const QString& message, qint64 offset, int line = 0)
 {
     return { {}, line, line, offset, message };
 }
 
 // Where the binary form lies in the bytes; without one, where it should and does not.
 struct BinaryPlace {
-    qsizetype start = 0;
-    qsizetype size = 0;
-    bool wrapped = false;
-    std::optional<FormError> error;
+    qsizetype Start = 0;
+    qsizetype Size = 0;
+    bool Wrapped = false;
+    std::optional<FormError> Error;
 };
 
-BinaryPlace unwrap(QByteArrayView bytes)
+BinaryPlace Unwrap(QByteArrayView bytes)
 {
     FormBinaryCursor cursor(bytes, 3); // behind FF 0A 00
     const auto name = bytes.indexOf('\0', 3);
-    cursor.take(name < 0 ? bytes.size() : name + 1 - 3);
-    cursor.number<quint16>();
-    const auto size = cursor.number<quint32>();
-    BinaryPlace place { cursor.at(), qsizetype(size), true, std::nullopt };
-    if (cursor.failed())
-        place.error = errorAt(u"the resource header is cut off; take the file from a backup"_s, cursor.at());
-    else if (qint64(size) > bytes.size() - cursor.at())
-        place.error = errorAt(u"the resource header promises %1 bytes and %2 are there; the file is cut off or "
+    cursor.Take(name < 0 ? bytes.size() : name + 1 - 3);
+    cursor.Number<quint16>();
+    const auto size = cursor.Number<quint32>();
+    BinaryPlace place { cursor.At(), qsizetype(size), true, std::nullopt };
+    if (cursor.Failed())
+        place.Error = ErrorAt(u"the resource header is cut off; take the file from a backup"_s, cursor.At());
+    else if (qint64(size) > bytes.size() - cursor.At())
+        place.Error = ErrorAt(u"the resource header promises %1 bytes and %2 are there; the file is cut off or "
                               "damaged, take it from a backup"_s.arg(size)
-                                  .arg(bytes.size() - cursor.at()),
-            cursor.at() - 4);
-    else if (!bytes.sliced(cursor.at()).startsWith(signature))
-        place.error = errorAt(u"no form follows the resource header; it is some other resource"_s, cursor.at());
+                                  .arg(bytes.size() - cursor.At()),
+            cursor.At() - 4);
+    else if (!bytes.sliced(cursor.At()).startsWith(Signature))
+        place.Error = ErrorAt(u"no form follows the resource header; it is some other resource"_s, cursor.At());
     return place;
 }
 
-std::optional<FormError> unknownEncoding(QByteArrayView bytes)
+std::optional<FormError> UnknownEncoding(QByteArrayView bytes)
 {
     const bool unmarked = bytes.size() > 1 && (bytes[0] == 0) != (bytes[1] == 0); // one letter in two bytes
     if (unmarked || bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))
-        return errorAt(u"the file is in UTF-16, which form files cannot be in; save it as UTF-8"_s, 0, 1);
+        return ErrorAt(u"the file is in UTF-16, which form files cannot be in; save it as UTF-8"_s, 0, 1);
     return std::nullopt;
 }
 
 using TreeResult = FormResult<std::unique_ptr<FormTree>>;
 
-TreeResult readText(const QByteArray& bytes, const FormReadOptions& options)
+TreeResult ReadText(const QByteArray& bytes, const FormReadOptions& options)
 {
-    if (const auto error = unknownEncoding(bytes))
+    if (const auto error = UnknownEncoding(bytes))
         return *error;
     auto tree = std::make_unique<FormTree>(bytes);
-    const bool marked = bytes.startsWith(utf8Mark);
-    tree->prefix = tree->source().first(marked ? utf8Mark.size() : 0);
-    tree->encoding = marked ? FormEncoding::utf8() : FormEncoding::detect(bytes, options.codePage);
-    if (!tree->encoding.isValid())
-        return errorAt(u"the code page \"%1\" is not known; name another one, for example windows-1252"_s.arg(
-                           QString::fromLatin1(options.codePage)),
+    const bool marked = bytes.startsWith(Utf8Mark);
+    tree->Prefix = tree->Source().first(marked ? Utf8Mark.size() : 0);
+    tree->Encoding = marked ? FormEncoding::Utf8() : FormEncoding::Detect(bytes, options.CodePage);
+    if (!tree->Encoding.IsValid())
+        return ErrorAt(u"the code page \"%1\" is not known; name another one, for example windows-1252"_s.arg(
+                           QString::fromLatin1(options.CodePage)),
             0, 1);
-    if (auto error = FormTextReader(*tree, tree->prefix.size()).read())
+    if (auto error = FormTextReader(*tree, tree->Prefix.size()).Read())
         return *error;
     return tree;
 }
 
-TreeResult readBinary(const QByteArray& bytes, const BinaryPlace& place, const FormReadOptions& options)
+TreeResult ReadBinary(const QByteArray& bytes, const BinaryPlace& place, const FormReadOptions& options)
 {
     std::optional<FormError> first;
     for (const bool doubles : { true, false }) {
         auto tree = std::make_unique<FormTree>(bytes);
-        tree->format = FormFormat::Binary;
-        tree->encoding = FormEncoding::codePage(options.codePage);
-        tree->wrapped = place.wrapped ? place.size : 0;
-        FormBinaryReader reader(*tree, place.start, place.start + place.size, doubles);
-        auto error = reader.read();
+        tree->Format = FormFormat::Binary;
+        tree->Encoding = FormEncoding::CodePage(options.CodePage);
+        tree->Wrapped = place.Wrapped ? place.Size : 0;
+        FormBinaryReader reader(*tree, place.Start, place.Start + place.Size, doubles);
+        auto error = reader.Read();
         if (!error)
             return tree;
         if (!first)
             first = error;
-        if (!reader.sawAmbiguousType())
+        if (!reader.SawAmbiguousType())
             break;
     }
     return *first;
 }
 
-TreeResult readTree(const QByteArray& bytes, const FormReadOptions& options)
+TreeResult ReadTree(const QByteArray& bytes, const FormReadOptions& options)
 {
     if (bytes.isEmpty())
-        return errorAt(u"the file is empty; a form begins with a line like \"object Form1: TForm1\""_s, 0, 1);
-    if (bytes.startsWith(signature))
-        return readBinary(bytes, { 0, bytes.size(), false, {} }, options);
+        return ErrorAt(u"the file is empty; a form begins with a line like \"object Form1: TForm1\""_s, 0, 1);
+    if (bytes.startsWith(Signature))
+        return ReadBinary(bytes, { 0, bytes.size(), false, {} }, options);
     if (bytes.startsWith(QByteArrayView("\xFF\x0A\x00", 3))) {
-        const auto place = unwrap(bytes);
-        return place.error ? TreeResult(*place.error) : readBinary(bytes, place, options);
+        const auto place = Unwrap(bytes);
+        return place.Error ? TreeResult(*place.Error) : ReadBinary(bytes, place, options);
     }
-    return readText(bytes, options);
+    return ReadText(bytes, options);
 }
 
 }
 
 FormDocument::FormDocument(std::unique_ptr<FormTree> tree, QString fileName)
-    : m_tree(std::move(tree))
-    , m_journal(std::make_unique<FormJournal>(*m_tree))
-    , m_fileName(std::move(fileName))
+    : FTree(std::move(tree))
+    , FJournal(std::make_unique<FormJournal>(*FTree))
+    , FFileName(std::move(fileName))
 {
-    m_tree->document = this;
+    FTree->Document = this;
 }
 
 FormDocument::~FormDocument() = default;
 
-FormResult<std::unique_ptr<FormDocument>> FormDocument::read(const QByteArray& bytes, const FormReadOptions& options)
+FormResult<std::unique_ptr<FormDocument>> FormDocument::Read(const QByteArray& bytes, const FormReadOptions& options)
 {
-    auto tree = readTree(bytes, options);
+    auto tree = ReadTree(bytes, options);
     if (tree)
-        return std::unique_ptr<FormDocument>(new FormDocument(std::move(tree.value()), options.fileName));
-    auto error = tree.error();
-    error.file = options.fileName;
+        return std::unique_ptr<FormDocument>(new FormDocument(std::move(tree.Value()), options.FileName));
+    auto error = tree.Error();
+    error.File = options.FileName;
     return error;
 }
 
-FormResult<std::unique_ptr<FormDocument>> FormDocument::load(const QString& path, FormReadOptions options)
+FormResult<std::unique_ptr<FormDocument>> FormDocument::Load(const QString& path, FormReadOptions options)
 {
-    options.fileName = path;
+    options.FileName = path;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return FormError { path, 1, 1, 0,
@@ -145,78 +145,78 @@ FormResult<std::unique_ptr<FormDocument>> FormDocument::load(const QString& path
     const auto bytes = file.readAll();
     if (file.error() != QFile::NoError)
         return FormError { path, 1, 1, 0, u"the file cannot be read (%1)"_s.arg(file.errorString()) };
-    return read(bytes, options);
+    return Read(bytes, options);
 }
 
-std::unique_ptr<FormDocument> FormDocument::create(
+std::unique_ptr<FormDocument> FormDocument::Create(
     const QString& className, const QString& name, const QByteArray& lineEnd, const FormReadOptions& options)
 {
     const auto head = u"object %1: %2"_s.arg(name, className).toUtf8();
-    auto made = read(head + lineEnd + "end" + lineEnd, options);
-    return made ? std::move(made.value()) : nullptr;
+    auto made = Read(head + lineEnd + "end" + lineEnd, options);
+    return made ? std::move(made.Value()) : nullptr;
 }
 
-FormFormat FormDocument::format() const
+FormFormat FormDocument::Format() const
 {
-    return m_tree->format;
+    return FTree->Format;
 }
 
-const FormEncoding& FormDocument::encoding() const
+const FormEncoding& FormDocument::Encoding() const
 {
-    return m_tree->encoding;
+    return FTree->Encoding;
 }
 
-FormNode& FormDocument::root() const
+FormNode& FormDocument::Root() const
 {
-    return *m_tree->root;
+    return *FTree->Root;
 }
 
-QByteArray FormDocument::bytes() const
+QByteArray FormDocument::Bytes() const
 {
-    return FormWriter::bytes(*m_tree);
+    return FormWriter::Bytes(*FTree);
 }
 
-QStringList FormDocument::notes() const
+QStringList FormDocument::Notes() const
 {
-    const auto rest = m_tree->suffix;
+    const auto rest = FTree->Suffix;
     const bool blank = std::all_of(
-        rest.begin(), rest.end(), [](char c) { return FormLexer::isBlank(c) || c == '\0' || c == '\x1A'; });
+        rest.begin(), rest.end(), [](char c) { return FormLexer::IsBlank(c) || c == '\0' || c == '\x1A'; });
     if (blank)
         return {};
     return { u"%1 bytes behind the end of the form are kept but not read"_s.arg(rest.size()) };
 }
 
-static FormNode* findBelow(FormNode& node, QStringView name)
+static FormNode* FindBelow(FormNode& node, QStringView name)
 {
-    if (node.isNamed(name))
+    if (node.IsNamed(name))
         return &node;
-    for (auto* child : node.children())
-        if (auto* found = findBelow(*child, name))
+    for (auto* child : node.Children())
+        if (auto* found = FindBelow(*child, name))
             return found;
     return nullptr;
 }
 
-FormNode* FormDocument::find(QStringView name) const
+FormNode* FormDocument::Find(QStringView name) const
 {
-    return name.isEmpty() ? nullptr : findBelow(root(), name);
+    return name.isEmpty() ? nullptr : FindBelow(Root(), name);
 }
 
-int FormDocument::position() const
+int FormDocument::Position() const
 {
-    return m_journal->position();
+    return FJournal->Position();
 }
 
-int FormDocument::lastPosition() const
+int FormDocument::LastPosition() const
 {
-    return m_journal->lastPosition();
+    return FJournal->LastPosition();
 }
 
-void FormDocument::undoTo(int position)
+void FormDocument::UndoTo(int position)
 {
-    m_journal->undoTo(position);
+    FJournal->UndoTo(position);
 }
 
-void FormDocument::redoTo(int position)
+void FormDocument::RedoTo(int position)
 {
-    m_journal->redoTo(position);
+    FJournal->RedoTo(position);
 }

@@ -17,8 +17,8 @@ class FormTree;
 struct FormNames;
 
 struct FormReadOptions {
-    QString fileName; // for messages; its suffix .lfm chooses the way new text is written
-    QByteArray codePage = QByteArrayLiteral("windows-1252"); // of bytes that are not valid UTF-8
+    QString FileName; // for messages; its suffix .lfm chooses the way new text is written
+    QByteArray CodePage = QByteArrayLiteral("windows-1252"); // of bytes that are not valid UTF-8
 };
 
 // A form file, held so that every byte that nobody edited is written back as it was.
@@ -31,65 +31,65 @@ struct FormReadOptions {
 class FormDocument {
 public:
     // Reads a form in text or in binary form (bare, or in the resource header of old files).
-    static FormResult<std::unique_ptr<FormDocument>> read(const QByteArray& bytes, const FormReadOptions& options = {});
-    // As read(); the file's path becomes options.fileName. A file that cannot be opened is an error, too.
-    static FormResult<std::unique_ptr<FormDocument>> load(const QString& path, FormReadOptions options = {});
+    static FormResult<std::unique_ptr<FormDocument>> Read(const QByteArray& bytes, const FormReadOptions& options = {});
+    // As Read(); the file's path becomes options.FileName. A file that cannot be opened is an error, too.
+    static FormResult<std::unique_ptr<FormDocument>> Load(const QString& path, FormReadOptions options = {});
     // A document with a root alone, in text.
-    static std::unique_ptr<FormDocument> create(
+    static std::unique_ptr<FormDocument> Create(
         const QString& className, const QString& name, const QByteArray& lineEnd, const FormReadOptions& options = {});
     ~FormDocument();
 
-    QByteArray bytes() const; // as they are to be written now
-    FormFormat format() const;
-    const FormEncoding& encoding() const;
-    const QString& fileName() const { return m_fileName; }
-    QStringList notes() const; // what is odd in the file and was kept as it was, one sentence each
+    QByteArray Bytes() const; // as they are to be written now
+    FormFormat Format() const;
+    const FormEncoding& Encoding() const;
+    const QString& FileName() const { return FFileName; }
+    QStringList Notes() const; // what is odd in the file and was kept as it was, one sentence each
 
-    FormNode& root() const;
-    FormNode* find(QStringView name) const; // in the whole tree of objects; nil where there is none
+    FormNode& Root() const;
+    FormNode* Find(QStringView name) const; // in the whole tree of objects; nil where there is none
 
     // Gives the property the value, in place; a property that is not there is added behind the last one, before the
     // child objects. Returns it. A value that is there already changes nothing.
-    FormProperty& setProperty(FormNode& node, const QString& name, const FormValue& value);
+    FormProperty& SetProperty(FormNode& node, const QString& name, const FormValue& value);
     // False where there is no such property.
-    bool removeProperty(FormNode& node, QStringView name);
-    void removeProperty(FormProperty& property);
+    bool RemoveProperty(FormNode& node, QStringView name);
+    void RemoveProperty(FormProperty& property);
 
     // Adds an object without properties, written in the file's own style, at the position among the parent's children
     // (-1: at their end).
-    FormNode& addChild(
+    FormNode& AddChild(
         FormNode& parent, FormNode::Kind kind, const QString& className, const QString& name, int position = -1);
     // Adds an item at the end of a collection (-1) or at the position; makes the collection where it is missing.
-    FormNode& addItem(FormNode& owner, const QString& property, int position = -1);
+    FormNode& AddItem(FormNode& owner, const QString& property, int position = -1);
     // Takes an object or an item out of its parent. The root stays: false.
-    bool remove(FormNode& node);
+    bool Remove(FormNode& node);
     // Puts a node at the position (-1: the end) below a parent; its lines are indented anew where the depth differs.
     // False where the node is the root or the parent is the node itself or below it.
-    bool move(FormNode& node, FormNode& parent, int position = -1);
+    bool Move(FormNode& node, FormNode& parent, int position = -1);
     // Puts a node or an item at another place among its siblings.
-    bool reorder(FormNode& node, int position);
+    bool Reorder(FormNode& node, int position);
 
-    void rename(FormNode& node, const QString& name); // an empty name takes it away
-    void setClassName(FormNode& node, const QString& className);
-    void setIndex(FormNode& node, std::optional<int> index);
-    void setKind(FormNode& node, FormNode::Kind kind);
+    void Rename(FormNode& node, const QString& name); // an empty name takes it away
+    void SetClassName(FormNode& node, const QString& className);
+    void SetIndex(FormNode& node, std::optional<int> index);
+    void SetKind(FormNode& node, FormNode::Kind kind);
 
     // The journal: the position moves on by one for every edit and back by undo. A new edit forgets what could be
     // redone.
-    int position() const;
-    int lastPosition() const; // how far redoTo can go
-    void undoTo(int position);
-    void redoTo(int position);
+    int Position() const;
+    int LastPosition() const; // how far RedoTo can go
+    void UndoTo(int position);
+    void RedoTo(int position);
 
-    const FormTree& tree() const { return *m_tree; } // the pieces, for the other classes of this folder
+    const FormTree& Tree() const { return *FTree; } // the pieces, for the other classes of this folder
 
 private:
     FormDocument(std::unique_ptr<FormTree> tree, QString fileName);
-    FormEditor& editor();
-    void changeHeader(FormNode& node, const FormNames& names);
+    FormEditor& Editor();
+    void ChangeHeader(FormNode& node, const FormNames& names);
 
-    std::unique_ptr<FormTree> m_tree;
-    std::unique_ptr<FormJournal> m_journal;
-    std::unique_ptr<FormEditor> m_editor; // made with the first edit
-    QString m_fileName;
+    std::unique_ptr<FormTree> FTree;
+    std::unique_ptr<FormJournal> FJournal;
+    std::unique_ptr<FormEditor> FEditor; // made with the first edit
+    QString FFileName;
 };

@@ -5,128 +5,129 @@
 
 #include <algorithm>
 
-FormEditor& FormDocument::editor()
+FormEditor& FormDocument::Editor()
 {
-    if (!m_editor)
-        m_editor = std::make_unique<FormEditor>(*m_tree, *m_journal, m_fileName);
-    return *m_editor;
+    if (!FEditor)
+        FEditor = std::make_unique<FormEditor>(*FTree, *FJournal, FFileName);
+    return *FEditor;
 }
 
-FormProperty& FormDocument::setProperty(FormNode& node, const QString& name, const FormValue& value)
+FormProperty& FormDocument::SetProperty(FormNode& node, const QString& name, const FormValue& value)
 {
-    auto* property = node.property(name);
-    if (property && property->value() == value)
+    auto* property = node.Property(name);
+    if (property && property->Value() == value)
         return *property;
-    const FormJournal::Edit edit(*m_journal);
+    const FormJournal::Edit edit(*FJournal);
     if (!property)
-        return editor().addProperty(node, name, value);
-    editor().replaceValue(*property, value);
+        return Editor().AddProperty(node, name, value);
+    Editor().ReplaceValue(*property, value);
     return *property;
 }
 
-bool FormDocument::removeProperty(FormNode& node, QStringView name)
+bool FormDocument::RemoveProperty(FormNode& node, QStringView name)
 {
-    auto* property = node.property(name);
+    auto* property = node.Property(name);
     if (property)
-        removeProperty(*property);
+        RemoveProperty(*property);
     return property != nullptr;
 }
 
-void FormDocument::removeProperty(FormProperty& property)
+void FormDocument::RemoveProperty(FormProperty& property)
 {
-    const FormJournal::Edit edit(*m_journal);
-    editor().removeProperty(property);
+    const FormJournal::Edit edit(*FJournal);
+    Editor().RemoveProperty(property);
 }
 
-FormNode& FormDocument::addChild(
+FormNode& FormDocument::AddChild(
     FormNode& parent, FormNode::Kind kind, const QString& className, const QString& name, int position)
 {
-    const FormJournal::Edit edit(*m_journal);
-    const auto& encoding = m_tree->encoding;
-    return editor().addChild(
-        parent, { kind, encoding.encode(className), encoding.encode(name), std::nullopt }, position);
+    const FormJournal::Edit edit(*FJournal);
+    const auto& encoding = FTree->Encoding;
+    return Editor().AddChild(
+        parent, { kind, encoding.Encode(className), encoding.Encode(name), std::nullopt }, position);
 }
 
-FormNode& FormDocument::addItem(FormNode& owner, const QString& property, int position)
+FormNode& FormDocument::AddItem(FormNode& owner, const QString& property, int position)
 {
-    const FormJournal::Edit edit(*m_journal);
-    auto* collection = owner.property(property);
+    const FormJournal::Edit edit(*FJournal);
+    auto* collection = owner.Property(property);
     if (!collection)
-        collection = &editor().addProperty(owner, property, FormValue::collection({}));
-    else if (!collection->isCollection())
-        editor().replaceValue(*collection, FormValue::collection({}));
-    return editor().addItem(*collection, std::nullopt, position);
+        collection = &Editor().AddProperty(owner, property, FormValue::Collection({}));
+    else if (!collection->IsCollection())
+        Editor().ReplaceValue(*collection, FormValue::Collection({}));
+    return Editor().AddItem(*collection, std::nullopt, position);
 }
 
-bool FormDocument::remove(FormNode& node)
+bool FormDocument::Remove(FormNode& node)
 {
-    if (!node.parent())
+    if (!node.Parent())
         return false;
-    const FormJournal::Edit edit(*m_journal);
-    editor().take(node);
+    const FormJournal::Edit edit(*FJournal);
+    Editor().Take(node);
     return true;
 }
 
-bool FormDocument::move(FormNode& node, FormNode& parent, int position)
+bool FormDocument::Move(FormNode& node, FormNode& parent, int position)
 {
-    if (node.kind() == FormNode::Kind::Item || !node.parent())
+    if (node.TheKind() == FormNode::Kind::Item || !node.Parent())
         return false;
-    for (const auto* above = &parent; above; above = above->parent())
+    for (const auto* above = &parent; above; above = above->Parent())
         if (above == &node)
             return false;
-    const FormJournal::Edit edit(*m_journal);
-    editor().move(node, parent, position);
+    const FormJournal::Edit edit(*FJournal);
+    Editor().Move(node, parent, position);
     return true;
 }
 
-bool FormDocument::reorder(FormNode& node, int position)
+bool FormDocument::Reorder(FormNode& node, int position)
 {
-    if (!node.parent())
+    if (!node.Parent())
         return false;
-    if (node.position() == position)
+    if (node.Position() == position)
         return true;
-    const FormJournal::Edit edit(*m_journal);
-    editor().reorder(node, position);
+    const FormJournal::Edit edit(*FJournal);
+    Editor().Reorder(node, position);
     return true;
 }
 
-static FormNames namesOf(const FormNode& node)
+static FormNames NamesOf(const FormNode& node)
 {
-    return { node.kind(), node.header().className.toByteArray(), node.header().name.toByteArray(), node.index() };
+    return { node.TheKind(), node.TheHeader().ClassName.toByteArray(), node.TheHeader().Name.toByteArray(),
+        node.Index() };
 }
 
-void FormDocument::rename(FormNode& node, const QString& name)
+void FormDocument::Rename(FormNode& node, const QString& name)
 {
-    auto names = namesOf(node);
-    names.name = m_tree->encoding.encode(name);
-    changeHeader(node, names);
+    auto names = NamesOf(node);
+    names.Name = FTree->Encoding.Encode(name);
+    ChangeHeader(node, names);
 }
 
-void FormDocument::setClassName(FormNode& node, const QString& className)
+void FormDocument::SetClassName(FormNode& node, const QString& className)
 {
-    auto names = namesOf(node);
-    names.className = m_tree->encoding.encode(className);
-    changeHeader(node, names);
+    auto names = NamesOf(node);
+    names.ClassName = FTree->Encoding.Encode(className);
+    ChangeHeader(node, names);
 }
 
-void FormDocument::setIndex(FormNode& node, std::optional<int> index)
+void FormDocument::SetIndex(FormNode& node, std::optional<int> index)
 {
-    auto names = namesOf(node);
-    names.index = index;
-    changeHeader(node, names);
+    auto names = NamesOf(node);
+    names.Index = index;
+    ChangeHeader(node, names);
 }
 
-void FormDocument::setKind(FormNode& node, FormNode::Kind kind)
+void FormDocument::SetKind(FormNode& node, FormNode::Kind kind)
 {
-    auto names = namesOf(node);
-    names.kind = kind;
-    changeHeader(node, names);
+    auto names = NamesOf(node);
+    names.Kind = kind;
+    ChangeHeader(node, names);
 }
 
-void FormDocument::changeHeader(FormNode& node, const FormNames& names)
+void FormDocument::ChangeHeader(FormNode& node, const FormNames& names)
 {
-    if (names == namesOf(node) || names.className.isEmpty() != (node.kind() == FormNode::Kind::Item))
+    if (names == NamesOf(node) || names.ClassName.isEmpty() != (node.TheKind() == FormNode::Kind::Item))
         return;
-    const FormJournal::Edit edit(*m_journal);
-    editor().changeHeader(node, names);
+    const FormJournal::Edit edit(*FJournal);
+    Editor().ChangeHeader(node, names);
 }

@@ -5,225 +5,225 @@
 #include <algorithm>
 
 FormEditor::FormEditor(FormTree& tree, FormJournal& journal, const QString& fileName)
-    : m_tree(tree)
-    , m_journal(journal)
-    , m_scribe(FormScribe::of(tree, fileName))
+    : FTree(tree)
+    , FJournal(journal)
+    , FScribe(FormScribe::Of(tree, fileName))
 {
 }
 
-FormProperty& FormEditor::addProperty(FormNode& node, const QString& name, const FormValue& value)
+FormProperty& FormEditor::AddProperty(FormNode& node, const QString& name, const FormValue& value)
 {
-    const auto nameBytes = m_tree.encoding.encode(name);
-    const auto spelled = m_scribe->newProperty(node, nameBytes, value);
-    auto* property = m_tree.makeProperty(&node);
+    const auto nameBytes = FTree.Encoding.Encode(name);
+    const auto spelled = FScribe->NewProperty(node, nameBytes, value);
+    auto* property = FTree.MakeProperty(&node);
     FormProperty::Pieces pieces;
-    pieces.lead = m_tree.keep(spelled.lead);
-    pieces.name = pieces.lead.sliced(spelled.nameAt, std::min(nameBytes.size(), pieces.lead.size() - spelled.nameAt));
-    pieces.value = m_tree.keep(spelled.value);
-    pieces.close = m_tree.keep(spelled.close);
-    pieces.trail = m_tree.keep(spelled.trail);
-    pieces.isCollection = value.kind() == FormValue::Kind::Collection;
-    m_journal.setPieces(*property, pieces);
-    std::vector<FormProperty*> all(node.properties().begin(), node.properties().end());
+    pieces.Lead = FTree.Keep(spelled.Lead);
+    pieces.Name = pieces.Lead.sliced(spelled.NameAt, std::min(nameBytes.size(), pieces.Lead.size() - spelled.NameAt));
+    pieces.Value = FTree.Keep(spelled.Value);
+    pieces.Close = FTree.Keep(spelled.Close);
+    pieces.Trail = FTree.Keep(spelled.Trail);
+    pieces.IsCollection = value.TheKind() == FormValue::Kind::Collection;
+    FJournal.SetPieces(*property, pieces);
+    std::vector<FormProperty*> all(node.Properties().begin(), node.Properties().end());
     all.push_back(property);
-    m_journal.setProperties(node, m_tree.keep(std::span<FormProperty* const>(all)));
-    addItems(*property, value.toItems());
+    FJournal.SetProperties(node, FTree.Keep(std::span<FormProperty* const>(all)));
+    AddItems(*property, value.ToItems());
     return *property;
 }
 
-void FormEditor::replaceValue(FormProperty& property, const FormValue& value)
+void FormEditor::ReplaceValue(FormProperty& property, const FormValue& value)
 {
-    const auto spelled = m_scribe->newValue(property, value);
-    auto pieces = property.pieces();
-    pieces.lead = m_scribe->leadFor(pieces.lead);
-    pieces.value = m_tree.keep(spelled.value);
-    pieces.close = m_tree.keep(spelled.close);
-    pieces.items = {};
-    pieces.isCollection = value.kind() == FormValue::Kind::Collection;
-    m_journal.setPieces(property, pieces);
-    addItems(property, value.toItems());
-    const auto all = property.owner().properties();
-    mendProperty(property.owner(), static_cast<size_t>(std::find(all.begin(), all.end(), &property) - all.begin()) + 1);
+    const auto spelled = FScribe->NewValue(property, value);
+    auto pieces = property.ThePieces();
+    pieces.Lead = FScribe->LeadFor(pieces.Lead);
+    pieces.Value = FTree.Keep(spelled.Value);
+    pieces.Close = FTree.Keep(spelled.Close);
+    pieces.Items = {};
+    pieces.IsCollection = value.TheKind() == FormValue::Kind::Collection;
+    FJournal.SetPieces(property, pieces);
+    AddItems(property, value.ToItems());
+    const auto all = property.Owner().Properties();
+    MendProperty(property.Owner(), static_cast<size_t>(std::find(all.begin(), all.end(), &property) - all.begin()) + 1);
 }
 
-void FormEditor::addItems(FormProperty& collection, const QList<FormItem>& items)
+void FormEditor::AddItems(FormProperty& collection, const QList<FormItem>& items)
 {
     for (const auto& item : items) {
-        auto& node = addItem(collection, item.index, -1);
-        for (const auto& property : item.properties)
-            addProperty(node, property.name, property.value);
+        auto& node = AddItem(collection, item.Index, -1);
+        for (const auto& property : item.Properties)
+            AddProperty(node, property.Name, property.Value);
     }
 }
 
-void FormEditor::removeProperty(FormProperty& property)
+void FormEditor::RemoveProperty(FormProperty& property)
 {
-    auto& node = property.owner();
-    std::vector<FormProperty*> all(node.properties().begin(), node.properties().end());
+    auto& node = property.Owner();
+    std::vector<FormProperty*> all(node.Properties().begin(), node.Properties().end());
     const auto found = std::find(all.begin(), all.end(), &property);
     if (found == all.end())
         return;
     const auto at = static_cast<size_t>(found - all.begin());
     all.erase(found);
-    m_journal.setProperties(node, m_tree.keep(std::span<FormProperty* const>(all)));
-    mendProperty(node, at);
+    FJournal.SetProperties(node, FTree.Keep(std::span<FormProperty* const>(all)));
+    MendProperty(node, at);
 }
 
-FormNode& FormEditor::makeNode(const QByteArray& indent, const FormNames& names)
+FormNode& FormEditor::MakeNode(const QByteArray& indent, const FormNames& names)
 {
-    auto* node = m_tree.makeNode(names.kind);
-    const auto header = m_tree.keep(m_scribe->newHeader(indent, names));
-    const auto frame = m_scribe->newFrame(indent, names.kind);
-    m_tree.setHeader(*node, m_scribe->locate(header, names));
-    m_tree.setFrame(*node, m_tree.keep(frame.middle), m_tree.keep(frame.footer));
+    auto* node = FTree.MakeNode(names.Kind);
+    const auto header = FTree.Keep(FScribe->NewHeader(indent, names));
+    const auto frame = FScribe->NewFrame(indent, names.Kind);
+    FTree.SetHeader(*node, FScribe->Locate(header, names));
+    FTree.SetFrame(*node, FTree.Keep(frame.Middle), FTree.Keep(frame.Footer));
     return *node;
 }
 
-FormNode& FormEditor::addChild(FormNode& parent, const FormNames& names, int position)
+FormNode& FormEditor::AddChild(FormNode& parent, const FormNames& names, int position)
 {
-    auto& node = makeNode(m_scribe->childIndent(parent), names);
-    Nodes all(parent.children().begin(), parent.children().end());
-    insert(all, node, position);
-    setChildren(parent, all, static_cast<size_t>(std::find(all.begin(), all.end(), &node) - all.begin()));
+    auto& node = MakeNode(FScribe->ChildIndent(parent), names);
+    Nodes all(parent.Children().begin(), parent.Children().end());
+    Insert(all, node, position);
+    SetChildren(parent, all, static_cast<size_t>(std::find(all.begin(), all.end(), &node) - all.begin()));
     return node;
 }
 
-FormNode& FormEditor::addItem(FormProperty& collection, std::optional<int> index, int position)
+FormNode& FormEditor::AddItem(FormProperty& collection, std::optional<int> index, int position)
 {
-    auto& node = makeNode(m_scribe->itemIndent(collection), { FormNode::Kind::Item, {}, {}, index });
-    Nodes all(collection.items().begin(), collection.items().end());
-    insert(all, node, position);
-    setItems(collection, all);
+    auto& node = MakeNode(FScribe->ItemIndent(collection), { FormNode::Kind::Item, {}, {}, index });
+    Nodes all(collection.Items().begin(), collection.Items().end());
+    Insert(all, node, position);
+    SetItems(collection, all);
     return node;
 }
 
-void FormEditor::insert(Nodes& nodes, FormNode& node, int position)
+void FormEditor::Insert(Nodes& nodes, FormNode& node, int position)
 {
     const auto end = static_cast<int>(nodes.size());
     nodes.insert(nodes.begin() + (position < 0 || position > end ? end : position), &node);
 }
 
-FormEditor::Nodes FormEditor::siblings(const FormNode& node)
+FormEditor::Nodes FormEditor::Siblings(const FormNode& node)
 {
-    const auto all = node.collection() ? node.collection()->items() : node.parent()->children();
+    const auto all = node.Collection() ? node.Collection()->Items() : node.Parent()->Children();
     return { all.begin(), all.end() };
 }
 
-void FormEditor::take(FormNode& node)
+void FormEditor::Take(FormNode& node)
 {
-    auto all = siblings(node);
-    auto* parent = node.parent();
-    auto* collection = node.collection();
+    auto all = Siblings(node);
+    auto* parent = node.Parent();
+    auto* collection = node.Collection();
     const auto found = std::find(all.begin(), all.end(), &node);
     const auto at = static_cast<size_t>(found - all.begin());
     all.erase(found);
     if (collection)
-        setItems(*collection, all);
+        SetItems(*collection, all);
     else
-        setChildren(*parent, all, at);
+        SetChildren(*parent, all, at);
 }
 
-void FormEditor::reorder(FormNode& node, int position)
+void FormEditor::Reorder(FormNode& node, int position)
 {
-    auto all = siblings(node);
-    auto* parent = node.parent();
-    auto* collection = node.collection();
+    auto all = Siblings(node);
+    auto* parent = node.Parent();
+    auto* collection = node.Collection();
     all.erase(std::find(all.begin(), all.end(), &node));
-    insert(all, node, position);
+    Insert(all, node, position);
     if (collection)
-        return setItems(*collection, all);
+        return SetItems(*collection, all);
     for (size_t i = 0; i < all.size(); ++i)
-        if (all[i] != parent->children()[i])
-            return setChildren(*parent, all, i);
+        if (all[i] != parent->Children()[i])
+            return SetChildren(*parent, all, i);
 }
 
-void FormEditor::move(FormNode& node, FormNode& parent, int position)
+void FormEditor::Move(FormNode& node, FormNode& parent, int position)
 {
-    if (node.parent() == &parent)
-        return reorder(node, position);
-    take(node);
-    if (m_scribe->indents())
-        FormIndenter(m_tree, m_journal).indent(node, formIndentOf(node.header().bytes), m_scribe->childIndent(parent));
-    Nodes all(parent.children().begin(), parent.children().end());
-    insert(all, node, position);
-    setChildren(parent, all, static_cast<size_t>(std::find(all.begin(), all.end(), &node) - all.begin()));
+    if (node.Parent() == &parent)
+        return Reorder(node, position);
+    Take(node);
+    if (FScribe->Indents())
+        FormIndenter(FTree, FJournal).Indent(node, FormIndentOf(node.TheHeader().Bytes), FScribe->ChildIndent(parent));
+    Nodes all(parent.Children().begin(), parent.Children().end());
+    Insert(all, node, position);
+    SetChildren(parent, all, static_cast<size_t>(std::find(all.begin(), all.end(), &node) - all.begin()));
 }
 
-void FormEditor::changeHeader(FormNode& node, const FormNames& names)
+void FormEditor::ChangeHeader(FormNode& node, const FormNames& names)
 {
-    const auto bytes = m_tree.keep(m_scribe->changedHeader(node, names));
-    m_journal.setHeader(node, names.kind, m_scribe->locate(bytes, names));
+    const auto bytes = FTree.Keep(FScribe->ChangedHeader(node, names));
+    FJournal.SetHeader(node, names.Kind, FScribe->Locate(bytes, names));
 }
 
-void FormEditor::setChildren(FormNode& parent, const Nodes& nodes, size_t changed)
+void FormEditor::SetChildren(FormNode& parent, const Nodes& nodes, size_t changed)
 {
-    m_journal.setChildren(parent, m_tree.keep(std::span<FormNode* const>(nodes)));
+    FJournal.SetChildren(parent, FTree.Keep(std::span<FormNode* const>(nodes)));
     const auto last = std::min(changed + 1, nodes.size());
     for (size_t i = changed; i <= last; ++i)
-        mendChild(parent, i);
+        MendChild(parent, i);
 }
 
-void FormEditor::setItems(FormProperty& collection, const Nodes& nodes)
+void FormEditor::SetItems(FormProperty& collection, const Nodes& nodes)
 {
-    auto pieces = collection.pieces();
-    pieces.items = m_tree.keep(std::span<FormNode* const>(nodes));
-    m_journal.setPieces(collection, pieces);
+    auto pieces = collection.ThePieces();
+    pieces.Items = FTree.Keep(std::span<FormNode* const>(nodes));
+    FJournal.SetPieces(collection, pieces);
     for (size_t i = 1; i < nodes.size(); ++i)
-        mendItem(collection, i);
+        MendItem(collection, i);
 }
 
-QByteArrayView FormEditor::endOf(const FormProperty& property)
+QByteArrayView FormEditor::EndOf(const FormProperty& property)
 {
-    const auto& pieces = property.pieces();
-    if (!pieces.trail.isEmpty())
-        return pieces.trail;
-    return pieces.isCollection ? pieces.close : pieces.value;
+    const auto& pieces = property.ThePieces();
+    if (!pieces.Trail.isEmpty())
+        return pieces.Trail;
+    return pieces.IsCollection ? pieces.Close : pieces.Value;
 }
 
-QByteArrayView FormEditor::beginOf(const FormNode& node, size_t child)
+QByteArrayView FormEditor::BeginOf(const FormNode& node, size_t child)
 {
-    return child < node.children().size() ? node.children()[child]->header().bytes : node.footer();
+    return child < node.Children().size() ? node.Children()[child]->TheHeader().Bytes : node.Footer();
 }
 
-void FormEditor::mendProperty(FormNode& node, size_t i)
+void FormEditor::MendProperty(FormNode& node, size_t i)
 {
-    const auto all = node.properties();
-    const auto before = i == 0 ? node.header().bytes : endOf(*all[i - 1]);
-    const auto after = i < all.size() ? all[i]->pieces().lead : beginOf(node, 0);
-    const auto gap = m_scribe->gap(before, after);
+    const auto all = node.Properties();
+    const auto before = i == 0 ? node.TheHeader().Bytes : EndOf(*all[i - 1]);
+    const auto after = i < all.size() ? all[i]->ThePieces().Lead : BeginOf(node, 0);
+    const auto gap = FScribe->Gap(before, after);
     if (gap.isEmpty())
         return;
     if (i > 0)
-        return addGap(*all[i - 1], gap);
-    addGap(node, gap);
+        return AddGap(*all[i - 1], gap);
+    AddGap(node, gap);
 }
 
-void FormEditor::mendChild(FormNode& node, size_t i)
+void FormEditor::MendChild(FormNode& node, size_t i)
 {
     if (i == 0)
-        return mendProperty(node, node.properties().size());
-    auto& before = *node.children()[i - 1];
-    const auto gap = m_scribe->gap(before.footer(), beginOf(node, i));
+        return MendProperty(node, node.Properties().size());
+    auto& before = *node.Children()[i - 1];
+    const auto gap = FScribe->Gap(before.Footer(), BeginOf(node, i));
     if (!gap.isEmpty())
-        m_journal.setFrame(before, before.middle(), m_tree.keep(before.footer().toByteArray() + gap));
+        FJournal.SetFrame(before, before.Middle(), FTree.Keep(before.Footer().toByteArray() + gap));
 }
 
-void FormEditor::mendItem(FormProperty& collection, size_t i)
+void FormEditor::MendItem(FormProperty& collection, size_t i)
 {
-    auto& before = *collection.items()[i - 1];
-    const auto gap = m_scribe->gap(before.footer(), collection.items()[i]->header().bytes);
+    auto& before = *collection.Items()[i - 1];
+    const auto gap = FScribe->Gap(before.Footer(), collection.Items()[i]->TheHeader().Bytes);
     if (!gap.isEmpty())
-        m_journal.setFrame(before, before.middle(), m_tree.keep(before.footer().toByteArray() + gap));
+        FJournal.SetFrame(before, before.Middle(), FTree.Keep(before.Footer().toByteArray() + gap));
 }
 
-void FormEditor::addGap(FormProperty& property, const QByteArray& gap)
+void FormEditor::AddGap(FormProperty& property, const QByteArray& gap)
 {
-    auto pieces = property.pieces();
-    pieces.trail = m_tree.keep(pieces.trail.toByteArray() + gap);
-    m_journal.setPieces(property, pieces);
+    auto pieces = property.ThePieces();
+    pieces.Trail = FTree.Keep(pieces.Trail.toByteArray() + gap);
+    FJournal.SetPieces(property, pieces);
 }
 
-void FormEditor::addGap(FormNode& node, const QByteArray& gap)
+void FormEditor::AddGap(FormNode& node, const QByteArray& gap)
 {
-    const auto bytes = m_tree.keep(node.header().bytes.toByteArray() + gap);
-    m_journal.setHeader(node, node.kind(), node.header().rebased(bytes, 0));
+    const auto bytes = FTree.Keep(node.TheHeader().Bytes.toByteArray() + gap);
+    FJournal.SetHeader(node, node.TheKind(), node.TheHeader().Rebased(bytes, 0));
 }

@@ -9,66 +9,66 @@
 
 namespace {
 
-bool isAscii(QByteArrayView bytes)
+bool IsAscii(QByteArrayView bytes)
 {
     return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<uchar>(c) < 0x80; });
 }
 
 }
 
-FormEncoding FormEncoding::codePage(const QByteArray& name)
+FormEncoding FormEncoding::CodePage(const QByteArray& name)
 {
     FormEncoding made;
     const auto plain = name.toLower();
     if (plain != "utf-8" && plain != "utf8")
-        made.m_codePage = plain;
+        made.FCodePage = plain;
     return made;
 }
 
-FormEncoding FormEncoding::detect(QByteArrayView bytes, const QByteArray& codePage)
+FormEncoding FormEncoding::Detect(QByteArrayView bytes, const QByteArray& codePage)
 {
     if (QUtf8StringView(bytes.data(), bytes.size()).isValidUtf8())
-        return utf8();
-    return FormEncoding::codePage(codePage);
+        return Utf8();
+    return FormEncoding::CodePage(codePage);
 }
 
-bool FormEncoding::isValid() const
+bool FormEncoding::IsValid() const
 {
-    return isUtf8() || QStringDecoder(m_codePage.constData()).isValid();
+    return IsUtf8() || QStringDecoder(FCodePage.constData()).isValid();
 }
 
-QString FormEncoding::decode(QByteArrayView bytes) const
+QString FormEncoding::Decode(QByteArrayView bytes) const
 {
-    if (isUtf8())
+    if (IsUtf8())
         return QString::fromUtf8(bytes);
-    if (isAscii(bytes))
+    if (IsAscii(bytes))
         return QString::fromLatin1(bytes);
-    return QStringDecoder(m_codePage.constData()).decode(bytes);
+    return QStringDecoder(FCodePage.constData()).decode(bytes);
 }
 
-QByteArray FormEncoding::encode(QStringView text) const
+QByteArray FormEncoding::Encode(QStringView text) const
 {
-    if (isUtf8())
+    if (IsUtf8())
         return text.toUtf8();
-    return QStringEncoder(m_codePage.constData()).encode(text);
+    return QStringEncoder(FCodePage.constData()).encode(text);
 }
 
-bool FormEncoding::canEncode(QStringView text) const
+bool FormEncoding::CanEncode(QStringView text) const
 {
-    return decode(encode(text)) == text;
+    return Decode(Encode(text)) == text;
 }
 
-qsizetype FormEncoding::characters(QByteArrayView bytes) const
+qsizetype FormEncoding::Characters(QByteArrayView bytes) const
 {
-    if (isAscii(bytes))
+    if (IsAscii(bytes))
         return bytes.size();
-    const auto text = decode(bytes);
+    const auto text = Decode(bytes);
     return std::count_if(text.begin(), text.end(), [](QChar c) { return !c.isLowSurrogate(); });
 }
 
-bool FormEncoding::isSame(QByteArrayView bytes, QStringView text) const
+bool FormEncoding::IsSame(QByteArrayView bytes, QStringView text) const
 {
-    if (isUtf8())
+    if (IsUtf8())
         return QAnyStringView::compare(QUtf8StringView(bytes.data(), bytes.size()), text, Qt::CaseInsensitive) == 0;
-    return decode(bytes).compare(text, Qt::CaseInsensitive) == 0;
+    return Decode(bytes).compare(text, Qt::CaseInsensitive) == 0;
 }

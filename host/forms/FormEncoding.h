@@ -8,25 +8,25 @@ class FormEncoding {
 public:
     FormEncoding() = default; // UTF-8
 
-    static FormEncoding utf8() { return {}; }
+    static FormEncoding Utf8() { return {}; }
     // A code page by the name that the system's converter knows ("windows-1252", "windows-1251", "shift_jis").
-    static FormEncoding codePage(const QByteArray& name);
+    static FormEncoding CodePage(const QByteArray& name);
     // What the bytes of a file without a mark are in: UTF-8 where they are valid UTF-8, else the code page.
-    static FormEncoding detect(QByteArrayView bytes, const QByteArray& codePage);
+    static FormEncoding Detect(QByteArrayView bytes, const QByteArray& codePage);
 
-    bool isValid() const; // false where the system knows no code page of this name
-    bool isUtf8() const { return m_codePage.isEmpty(); }
-    QByteArray name() const { return isUtf8() ? QByteArrayLiteral("utf-8") : m_codePage; }
+    bool IsValid() const; // false where the system knows no code page of this name
+    bool IsUtf8() const { return FCodePage.isEmpty(); }
+    QByteArray Name() const { return IsUtf8() ? QByteArrayLiteral("utf-8") : FCodePage; }
 
-    QString decode(QByteArrayView bytes) const;
-    QByteArray encode(QStringView text) const;
-    bool canEncode(QStringView text) const;
-    qsizetype characters(QByteArrayView bytes) const; // how many characters (code points) the bytes make
+    QString Decode(QByteArrayView bytes) const;
+    QByteArray Encode(QStringView text) const;
+    bool CanEncode(QStringView text) const;
+    qsizetype Characters(QByteArrayView bytes) const; // how many characters (code points) the bytes make
 
-    bool isSame(QByteArrayView bytes, QStringView text) const; // case does not count
+    bool IsSame(QByteArrayView bytes, QStringView text) const; // case does not count
 
     bool operator==(const FormEncoding&) const = default;
 
 private:
-    QByteArray m_codePage; // empty: UTF-8
+    QByteArray FCodePage; // empty: UTF-8
 };

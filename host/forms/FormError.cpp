@@ -2,14 +2,14 @@
 
 #include "forms/FormEncoding.h"
 
-QString FormError::toString() const
+QString FormError::ToString() const
 {
-    if (line > 0)
-        return QStringLiteral("%1:%2:%3: %4").arg(file).arg(line).arg(column).arg(message);
-    return QStringLiteral("%1: %2 (at byte %3)").arg(file, message).arg(offset);
+    if (Line > 0)
+        return QStringLiteral("%1:%2:%3: %4").arg(File).arg(Line).arg(Column).arg(Message);
+    return QStringLiteral("%1: %2 (at byte %3)").arg(File, Message).arg(Offset);
 }
 
-FormError formErrorAt(
+FormError FormErrorAt(
     QByteArrayView text, qsizetype textStart, const FormEncoding& encoding, qsizetype offset, const QString& message)
 {
     int line = 1;
@@ -21,6 +21,6 @@ FormError formErrorAt(
         ++line;
         lineStart = at + 1;
     }
-    const auto column = encoding.characters(text.sliced(lineStart, offset - lineStart)) + 1;
+    const auto column = encoding.Characters(text.sliced(lineStart, offset - lineStart)) + 1;
     return { {}, line, static_cast<int>(column), offset, message };
 }

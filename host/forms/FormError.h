@@ -12,17 +12,17 @@ class FormEncoding;
 // Lines and columns count from 1 and columns count characters, not bytes. A binary form has no lines: line is 0
 // then, and offset (bytes from the start of the file, from 0) tells the place.
 struct FormError {
-    QString file;
-    int line = 0;
-    int column = 0;
-    qint64 offset = 0;
-    QString message; // says what is wrong and what to do about it
+    QString File;
+    int Line = 0;
+    int Column = 0;
+    qint64 Offset = 0;
+    QString Message; // says what is wrong and what to do about it
 
-    QString toString() const; // "file:line:column: message", or "file: message (at byte N)" in a binary form
+    QString ToString() const; // "file:line:column: message", or "file: message (at byte N)" in a binary form
 };
 
 // The error at an offset in a text, whose first line begins at `textStart` (behind a mark).
-FormError formErrorAt(
+FormError FormErrorAt(
     QByteArrayView text, qsizetype textStart, const FormEncoding& encoding, qsizetype offset, const QString& message);
 
 // Either a value or the error that stood in its way.
@@ -30,21 +30,21 @@ template <typename T>
 class FormResult {
 public:
     FormResult(T value)
-        : m_content(std::move(value))
+        : FContent(std::move(value))
     {
     }
     FormResult(FormError error)
-        : m_content(std::move(error))
+        : FContent(std::move(error))
     {
     }
 
-    explicit operator bool() const { return m_content.index() == 0; }
-    T& value() { return std::get<0>(m_content); }
-    const T& value() const { return std::get<0>(m_content); }
-    T& operator*() { return value(); }
-    T* operator->() { return &value(); }
-    const FormError& error() const { return std::get<1>(m_content); }
+    explicit operator bool() const { return FContent.index() == 0; }
+    T& Value() { return std::get<0>(FContent); }
+    const T& Value() const { return std::get<0>(FContent); }
+    T& operator*() { return Value(); }
+    T* operator->() { return &Value(); }
+    const FormError& Error() const { return std::get<1>(FContent); }
 
 private:
-    std::variant<T, FormError> m_content;
+    std::variant<T, FormError> FContent;
 };

@@ -2,24 +2,24 @@
 
 #include "forms/FormScribe.h"
 
-void FormIndenter::indent(FormNode& node, const QByteArray& from, const QByteArray& to)
+void FormIndenter::Indent(FormNode& node, const QByteArray& from, const QByteArray& to)
 {
     if (from == to)
         return;
-    m_from = from;
-    m_to = to;
-    m_lineStart = true;
-    visit(node);
+    FFrom = from;
+    FTo = to;
+    FLineStart = true;
+    Visit(node);
 }
 
-QByteArrayView FormIndenter::moved(QByteArrayView piece)
+QByteArrayView FormIndenter::Moved(QByteArrayView piece)
 {
     QByteArray made;
-    bool lineStart = m_lineStart;
+    bool lineStart = FLineStart;
     for (qsizetype at = 0; at < piece.size();) {
-        if (lineStart && piece.sliced(at).startsWith(m_from)) {
-            made += m_to;
-            at += m_from.size();
+        if (lineStart && piece.sliced(at).startsWith(FFrom)) {
+            made += FTo;
+            at += FFrom.size();
         }
         const auto end = piece.indexOf('\n', at);
         lineStart = end >= 0;
@@ -27,33 +27,33 @@ QByteArrayView FormIndenter::moved(QByteArrayView piece)
         made += piece.sliced(at, stop - at);
         at = stop;
     }
-    m_lineStart = lineStart;
-    return made == piece ? piece : m_tree.keep(made);
+    FLineStart = lineStart;
+    return made == piece ? piece : FTree.Keep(made);
 }
 
-void FormIndenter::visit(FormProperty& property)
+void FormIndenter::Visit(FormProperty& property)
 {
-    auto pieces = property.pieces();
-    pieces.lead = moved(pieces.lead);
-    if (const auto at = pieces.lead.indexOf(pieces.name); at >= 0)
-        pieces.name = pieces.lead.sliced(at, pieces.name.size());
-    pieces.value = moved(pieces.value);
-    for (auto* item : pieces.items)
-        visit(*item);
-    pieces.close = moved(pieces.close);
-    pieces.trail = moved(pieces.trail);
-    m_journal.setPieces(property, pieces);
+    auto pieces = property.ThePieces();
+    pieces.Lead = Moved(pieces.Lead);
+    if (const auto at = pieces.Lead.indexOf(pieces.Name); at >= 0)
+        pieces.Name = pieces.Lead.sliced(at, pieces.Name.size());
+    pieces.Value = Moved(pieces.Value);
+    for (auto* item : pieces.Items)
+        Visit(*item);
+    pieces.Close = Moved(pieces.Close);
+    pieces.Trail = Moved(pieces.Trail);
+    FJournal.SetPieces(property, pieces);
 }
 
-void FormIndenter::visit(FormNode& node)
+void FormIndenter::Visit(FormNode& node)
 {
-    const auto& header = node.header();
-    const auto bytes = moved(header.bytes);
-    m_journal.setHeader(node, node.kind(), header.rebased(bytes, bytes.size() - header.bytes.size()));
-    for (auto* property : node.properties())
-        visit(*property);
-    const auto middle = moved(node.middle());
-    for (auto* child : node.children())
-        visit(*child);
-    m_journal.setFrame(node, middle, moved(node.footer()));
+    const auto& header = node.TheHeader();
+    const auto bytes = Moved(header.Bytes);
+    FJournal.SetHeader(node, node.TheKind(), header.Rebased(bytes, bytes.size() - header.Bytes.size()));
+    for (auto* property : node.Properties())
+        Visit(*property);
+    const auto middle = Moved(node.Middle());
+    for (auto* child : node.Children())
+        Visit(*child);
+    FJournal.SetFrame(node, middle, Moved(node.Footer()));
 }

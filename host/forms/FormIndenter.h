@@ -7,22 +7,22 @@
 class FormIndenter {
 public:
     FormIndenter(FormTree& tree, FormJournal& journal)
-        : m_tree(tree)
-        , m_journal(journal)
+        : FTree(tree)
+        , FJournal(journal)
     {
     }
 
     // Every line of the node that begins with `from` begins with `to` afterwards.
-    void indent(FormNode& node, const QByteArray& from, const QByteArray& to);
+    void Indent(FormNode& node, const QByteArray& from, const QByteArray& to);
 
 private:
-    void visit(FormNode& node);
-    void visit(FormProperty& property);
-    QByteArrayView moved(QByteArrayView piece); // the piece itself where nothing changes
+    void Visit(FormNode& node);
+    void Visit(FormProperty& property);
+    QByteArrayView Moved(QByteArrayView piece); // the piece itself where nothing changes
 
-    FormTree& m_tree;
-    FormJournal& m_journal;
-    QByteArray m_from;
-    QByteArray m_to;
-    bool m_lineStart = true; // the next piece begins a line
+    FormTree& FTree;
+    FormJournal& FJournal;
+    QByteArray FFrom;
+    QByteArray FTo;
+    bool FLineStart = true; // the next piece begins a line
 };

@@ -3,109 +3,109 @@
 #include <algorithm>
 
 FormJournal::Edit::Edit(FormJournal& journal)
-    : m_journal(journal)
+    : FJournal(journal)
 {
-    if (m_journal.m_depth++ > 0)
+    if (FJournal.FDepth++ > 0)
         return;
-    m_journal.m_steps.resize(m_journal.m_position);
-    m_journal.m_steps.emplace_back();
-    ++m_journal.m_position;
+    FJournal.FSteps.resize(FJournal.FPosition);
+    FJournal.FSteps.emplace_back();
+    ++FJournal.FPosition;
 }
 
 FormJournal::Edit::~Edit()
 {
-    if (--m_journal.m_depth > 0 || !m_journal.m_steps.back().empty())
+    if (--FJournal.FDepth > 0 || !FJournal.FSteps.back().empty())
         return;
-    m_journal.m_steps.pop_back();
-    --m_journal.m_position;
+    FJournal.FSteps.pop_back();
+    --FJournal.FPosition;
 }
 
-void FormJournal::setHeader(FormNode& node, FormNode::Kind kind, const FormNode::Header& header)
+void FormJournal::SetHeader(FormNode& node, FormNode::Kind kind, const FormNode::Header& header)
 {
-    apply(Header { &node, kind, header });
+    Apply(Header { &node, kind, header });
 }
 
-void FormJournal::setFrame(FormNode& node, QByteArrayView middle, QByteArrayView footer)
+void FormJournal::SetFrame(FormNode& node, QByteArrayView middle, QByteArrayView footer)
 {
-    apply(Frame { &node, middle, footer });
+    Apply(Frame { &node, middle, footer });
 }
 
-void FormJournal::setProperties(FormNode& node, std::span<FormProperty* const> properties)
+void FormJournal::SetProperties(FormNode& node, std::span<FormProperty* const> properties)
 {
-    apply(Properties { &node, properties });
+    Apply(Properties { &node, properties });
 }
 
-void FormJournal::setChildren(FormNode& node, std::span<FormNode* const> children)
+void FormJournal::SetChildren(FormNode& node, std::span<FormNode* const> children)
 {
-    apply(Children { &node, children });
+    Apply(Children { &node, children });
 }
 
-void FormJournal::setPieces(FormProperty& property, const FormProperty::Pieces& pieces)
+void FormJournal::SetPieces(FormProperty& property, const FormProperty::Pieces& pieces)
 {
-    apply(Pieces { &property, pieces });
+    Apply(Pieces { &property, pieces });
 }
 
-void FormJournal::apply(Change change)
+void FormJournal::Apply(Change change)
 {
-    exchange(change);
-    m_steps.back().push_back(change);
+    Exchange(change);
+    FSteps.back().push_back(change);
 }
 
-void FormJournal::undoTo(int position)
+void FormJournal::UndoTo(int position)
 {
     const auto target = static_cast<size_t>(std::max(position, 0));
-    while (m_position > target) {
-        auto& step = m_steps[--m_position];
+    while (FPosition > target) {
+        auto& step = FSteps[--FPosition];
         for (auto change = step.rbegin(); change != step.rend(); ++change)
-            exchange(*change);
+            Exchange(*change);
     }
 }
 
-void FormJournal::redoTo(int position)
+void FormJournal::RedoTo(int position)
 {
-    const auto target = std::min(static_cast<size_t>(std::max(position, 0)), m_steps.size());
-    while (m_position < target)
-        for (auto& change : m_steps[m_position++])
-            exchange(change);
+    const auto target = std::min(static_cast<size_t>(std::max(position, 0)), FSteps.size());
+    while (FPosition < target)
+        for (auto& change : FSteps[FPosition++])
+            Exchange(change);
 }
 
-void FormJournal::exchange(Change& change)
+void FormJournal::Exchange(Change& change)
 {
-    std::visit([this](auto& one) { exchange(one); }, change);
+    std::visit([this](auto& one) { Exchange(one); }, change);
 }
 
-void FormJournal::exchange(Header& change)
+void FormJournal::Exchange(Header& change)
 {
-    const Header now { change.node, change.node->kind(), change.node->header() };
-    m_tree.setKind(*change.node, change.kind);
-    m_tree.setHeader(*change.node, change.header);
+    const Header now { change.Node, change.Node->TheKind(), change.Node->TheHeader() };
+    FTree.SetKind(*change.Node, change.Kind);
+    FTree.SetHeader(*change.Node, change.Header);
     change = now;
 }
 
-void FormJournal::exchange(Frame& change)
+void FormJournal::Exchange(Frame& change)
 {
-    const Frame now { change.node, change.node->middle(), change.node->footer() };
-    m_tree.setFrame(*change.node, change.middle, change.footer);
+    const Frame now { change.Node, change.Node->Middle(), change.Node->Footer() };
+    FTree.SetFrame(*change.Node, change.Middle, change.Footer);
     change = now;
 }
 
-void FormJournal::exchange(Properties& change)
+void FormJournal::Exchange(Properties& change)
 {
-    const Properties now { change.node, change.node->properties() };
-    m_tree.setProperties(*change.node, change.properties);
+    const Properties now { change.Node, change.Node->Properties() };
+    FTree.SetProperties(*change.Node, change.Properties);
     change = now;
 }
 
-void FormJournal::exchange(Children& change)
+void FormJournal::Exchange(Children& change)
 {
-    const Children now { change.node, change.node->children() };
-    m_tree.setChildren(*change.node, change.children);
+    const Children now { change.Node, change.Node->Children() };
+    FTree.SetChildren(*change.Node, change.Children);
     change = now;
 }
 
-void FormJournal::exchange(Pieces& change)
+void FormJournal::Exchange(Pieces& change)
 {
-    const Pieces now { change.property, change.property->pieces() };
-    m_tree.setPieces(*change.property, change.pieces);
+    const Pieces now { change.Property, change.Property->ThePieces() };
+    FTree.SetPieces(*change.Property, change.Pieces);
     change = now;
 }

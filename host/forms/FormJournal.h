@@ -10,7 +10,7 @@
 class FormJournal {
 public:
     explicit FormJournal(FormTree& tree)
-        : m_tree(tree)
+        : FTree(tree)
     {
     }
 
@@ -21,56 +21,56 @@ public:
         ~Edit();
         Q_DISABLE_COPY_MOVE(Edit)
     private:
-        FormJournal& m_journal;
+        FormJournal& FJournal;
     };
 
-    void setHeader(FormNode& node, FormNode::Kind kind, const FormNode::Header& header);
-    void setFrame(FormNode& node, QByteArrayView middle, QByteArrayView footer);
-    void setProperties(FormNode& node, std::span<FormProperty* const> properties);
-    void setChildren(FormNode& node, std::span<FormNode* const> children);
-    void setPieces(FormProperty& property, const FormProperty::Pieces& pieces);
+    void SetHeader(FormNode& node, FormNode::Kind kind, const FormNode::Header& header);
+    void SetFrame(FormNode& node, QByteArrayView middle, QByteArrayView footer);
+    void SetProperties(FormNode& node, std::span<FormProperty* const> properties);
+    void SetChildren(FormNode& node, std::span<FormNode* const> children);
+    void SetPieces(FormProperty& property, const FormProperty::Pieces& pieces);
 
-    int position() const { return static_cast<int>(m_position); }
-    int lastPosition() const { return static_cast<int>(m_steps.size()); }
-    void undoTo(int position);
-    void redoTo(int position);
+    int Position() const { return static_cast<int>(FPosition); }
+    int LastPosition() const { return static_cast<int>(FSteps.size()); }
+    void UndoTo(int position);
+    void RedoTo(int position);
 
 private:
     struct Header {
-        FormNode* node;
-        FormNode::Kind kind;
-        FormNode::Header header;
+        FormNode* Node;
+        FormNode::Kind Kind;
+        FormNode::Header Header;
     };
     struct Frame {
-        FormNode* node;
-        QByteArrayView middle;
-        QByteArrayView footer;
+        FormNode* Node;
+        QByteArrayView Middle;
+        QByteArrayView Footer;
     };
     struct Properties {
-        FormNode* node;
-        std::span<FormProperty* const> properties;
+        FormNode* Node;
+        std::span<FormProperty* const> Properties;
     };
     struct Children {
-        FormNode* node;
-        std::span<FormNode* const> children;
+        FormNode* Node;
+        std::span<FormNode* const> Children;
     };
     struct Pieces {
-        FormProperty* property;
-        FormProperty::Pieces pieces;
+        FormProperty* Property;
+        FormProperty::Pieces Pieces;
     };
     using Change = std::variant<Header, Frame, Properties, Children, Pieces>; // holds the state that is not in the tree
     using Step = std::vector<Change>;
 
-    void apply(Change change);
-    void exchange(Change& change);
-    void exchange(Header& change);
-    void exchange(Frame& change);
-    void exchange(Properties& change);
-    void exchange(Children& change);
-    void exchange(Pieces& change);
+    void Apply(Change change);
+    void Exchange(Change& change);
+    void Exchange(Header& change);
+    void Exchange(Frame& change);
+    void Exchange(Properties& change);
+    void Exchange(Children& change);
+    void Exchange(Pieces& change);
 
-    FormTree& m_tree;
-    std::vector<Step> m_steps;
-    size_t m_position = 0;
-    int m_depth = 0;
+    FormTree& FTree;
+    std::vector<Step> FSteps;
+    size_t FPosition = 0;
+    int FDepth = 0;
 };

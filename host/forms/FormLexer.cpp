@@ -6,7 +6,7 @@ namespace {
 
 enum CharClass : uchar { Other, Blank, Letter, Digit, Marks, Quote, Hash, Dollar, Minus, Brace, Zero };
 
-constexpr std::array<uchar, 256> makeClasses()
+constexpr std::array<uchar, 256> MakeClasses()
 {
     std::array<uchar, 256> table {};
     for (int c = 0; c < 256; ++c) {
@@ -26,9 +26,9 @@ constexpr std::array<uchar, 256> makeClasses()
     return table;
 }
 
-constexpr auto classes = makeClasses();
+constexpr auto Classes = MakeClasses();
 
-constexpr std::array<bool, 256> makeHexDigits()
+constexpr std::array<bool, 256> MakeHexDigits()
 {
     std::array<bool, 256> table {};
     for (const char c : "0123456789abcdefABCDEF")
@@ -36,137 +36,137 @@ constexpr std::array<bool, 256> makeHexDigits()
     return table;
 }
 
-constexpr auto hexDigits = makeHexDigits();
+constexpr auto HexDigits = MakeHexDigits();
 
-inline bool isHex(char c)
+inline bool IsHex(char c)
 {
-    return hexDigits[static_cast<uchar>(c)];
+    return HexDigits[static_cast<uchar>(c)];
 }
 
 }
 
-uchar FormLexer::classOf(qsizetype at) const
+uchar FormLexer::ClassOf(qsizetype at) const
 {
-    return at < m_bytes.size() ? classes[static_cast<uchar>(m_bytes[at])] : uchar(Other);
+    return at < FBytes.size() ? Classes[static_cast<uchar>(FBytes[at])] : uchar(Other);
 }
 
 FormLexer::FormLexer(QByteArrayView bytes, qsizetype start)
-    : m_bytes(bytes)
-    , m_at(start)
+    : FBytes(bytes)
+    , FAt(start)
 {
 }
 
-FormToken FormLexer::next()
+FormToken FormLexer::Next()
 {
-    while (classOf(m_at) == Blank)
-        ++m_at;
+    while (ClassOf(FAt) == Blank)
+        ++FAt;
     FormToken token;
-    token.begin = token.end = m_at;
-    if (m_at >= m_bytes.size())
+    token.Begin = token.End = FAt;
+    if (FAt >= FBytes.size())
         return token;
-    switch (classOf(m_at)) {
+    switch (ClassOf(FAt)) {
     case Letter:
-        symbol(token);
+        Symbol(token);
         break;
     case Digit:
     case Minus:
-        number(token);
+        Number(token);
         break;
     case Dollar:
-        hexNumber(token);
+        HexNumber(token);
         break;
     case Quote:
     case Hash:
-        string(token);
+        String(token);
         break;
     case Brace:
-        binary(token);
+        Binary(token);
         break;
     case Marks:
-        token.kind = FormToken::Kind::Mark;
-        token.mark = m_bytes[m_at++];
+        token.Type = FormToken::Kind::Mark;
+        token.Mark = FBytes[FAt++];
         break;
     case Zero:
-        fail(token,
+        Fail(token,
             "a NUL byte where text should be; the file is damaged or in an encoding that is not known, "
             "save it as UTF-8 or take it from a backup");
         break;
     default:
-        fail(token, "a character that has no meaning in a form file; remove it");
+        Fail(token, "a character that has no meaning in a form file; remove it");
     }
-    token.end = m_at;
+    token.End = FAt;
     return token;
 }
 
-void FormLexer::fail(FormToken& token, const char* message)
+void FormLexer::Fail(FormToken& token, const char* message)
 {
-    token.kind = FormToken::Kind::Error;
-    m_message = message;
+    token.Type = FormToken::Kind::Error;
+    FMessage = message;
 }
 
-void FormLexer::symbol(FormToken& token)
+void FormLexer::Symbol(FormToken& token)
 {
-    token.kind = FormToken::Kind::Symbol;
+    token.Type = FormToken::Kind::Symbol;
     do
-        ++m_at;
-    while (classOf(m_at) == Letter || classOf(m_at) == Digit);
+        ++FAt;
+    while (ClassOf(FAt) == Letter || ClassOf(FAt) == Digit);
 }
 
-void FormLexer::digits()
+void FormLexer::Digits()
 {
-    while (classOf(m_at) == Digit)
-        ++m_at;
+    while (ClassOf(FAt) == Digit)
+        ++FAt;
 }
 
-void FormLexer::number(FormToken& token)
+void FormLexer::Number(FormToken& token)
 {
-    token.kind = FormToken::Kind::Integer;
-    if (m_bytes[m_at] == '-')
-        ++m_at;
-    if (classOf(m_at) != Digit)
-        return fail(token, "a minus sign without a number; write the digits right after it");
-    digits();
-    if (m_at < m_bytes.size() && m_bytes[m_at] == '.') {
-        token.kind = FormToken::Kind::Real;
-        ++m_at;
-        digits();
+    token.Type = FormToken::Kind::Integer;
+    if (FBytes[FAt] == '-')
+        ++FAt;
+    if (ClassOf(FAt) != Digit)
+        return Fail(token, "a minus sign without a number; write the digits right after it");
+    Digits();
+    if (FAt < FBytes.size() && FBytes[FAt] == '.') {
+        token.Type = FormToken::Kind::Real;
+        ++FAt;
+        Digits();
     }
-    if (m_at < m_bytes.size() && (m_bytes[m_at] == 'e' || m_bytes[m_at] == 'E')) {
-        token.kind = FormToken::Kind::Real;
-        ++m_at;
-        if (m_at < m_bytes.size() && (m_bytes[m_at] == '+' || m_bytes[m_at] == '-'))
-            ++m_at;
-        if (classOf(m_at) != Digit)
-            return fail(token, "a number whose exponent has no digits; write them after the E");
-        digits();
+    if (FAt < FBytes.size() && (FBytes[FAt] == 'e' || FBytes[FAt] == 'E')) {
+        token.Type = FormToken::Kind::Real;
+        ++FAt;
+        if (FAt < FBytes.size() && (FBytes[FAt] == '+' || FBytes[FAt] == '-'))
+            ++FAt;
+        if (ClassOf(FAt) != Digit)
+            return Fail(token, "a number whose exponent has no digits; write them after the E");
+        Digits();
     }
-    if (m_at < m_bytes.size() && QByteArrayView("sScCdD").contains(m_bytes[m_at])) {
-        token.kind = FormToken::Kind::Real;
-        ++m_at;
+    if (FAt < FBytes.size() && QByteArrayView("sScCdD").contains(FBytes[FAt])) {
+        token.Type = FormToken::Kind::Real;
+        ++FAt;
     }
 }
 
-void FormLexer::hexNumber(FormToken& token)
+void FormLexer::HexNumber(FormToken& token)
 {
-    token.kind = FormToken::Kind::Integer;
-    ++m_at;
-    if (m_at >= m_bytes.size() || !isHex(m_bytes[m_at]))
-        return fail(token, "a $ without hexadecimal digits; write them right after it");
-    while (m_at < m_bytes.size() && isHex(m_bytes[m_at]))
-        ++m_at;
+    token.Type = FormToken::Kind::Integer;
+    ++FAt;
+    if (FAt >= FBytes.size() || !IsHex(FBytes[FAt]))
+        return Fail(token, "a $ without hexadecimal digits; write them right after it");
+    while (FAt < FBytes.size() && IsHex(FBytes[FAt]))
+        ++FAt;
 }
 
-void FormLexer::string(FormToken& token)
+void FormLexer::String(FormToken& token)
 {
-    token.kind = FormToken::Kind::String;
+    token.Type = FormToken::Kind::String;
     for (;;) {
-        const auto kind = classOf(m_at);
+        const auto kind = ClassOf(FAt);
         if (kind == Quote) {
-            if (!quoted())
-                return fail(token, "a string without its closing quote; end it with ' on the same line");
+            if (!Quoted())
+                return Fail(token, "a string without its closing quote; end it with ' on the same line");
         } else if (kind == Hash) {
-            if (!escape())
-                return fail(token, "a # without the number of a character from 0 to 65535; write it right after");
+            if (!Escape())
+                return Fail(token, "a # without the number of a character from 0 to 65535; write it right after");
         } else {
             return;
         }
@@ -174,17 +174,17 @@ void FormLexer::string(FormToken& token)
 }
 
 // A doubled quote inside needs no care here: it ends one quoted part and begins the next.
-bool FormLexer::quoted()
+bool FormLexer::Quoted()
 {
-    const char* const first = m_bytes.data();
-    const char* const last = first + m_bytes.size();
+    const char* const first = FBytes.data();
+    const char* const last = first + FBytes.size();
     uchar high = 0;
-    for (const char* p = first + m_at + 1; p < last; ++p) {
+    for (const char* p = first + FAt + 1; p < last; ++p) {
         const char c = *p;
         high |= static_cast<uchar>(c);
         if (c == '\'') {
-            m_at = p - first + 1;
-            m_rawNonAscii |= high >= 0x80;
+            FAt = p - first + 1;
+            FRawNonAscii |= high >= 0x80;
             return true;
         }
         if (c == '\n' || c == '\r' || c == 0)
@@ -193,38 +193,38 @@ bool FormLexer::quoted()
     return false;
 }
 
-bool FormLexer::escape()
+bool FormLexer::Escape()
 {
     int number = 0;
-    const auto start = ++m_at;
-    while (classOf(m_at) == Digit && number <= 0xFFFF)
-        number = number * 10 + (m_bytes[m_at++] - '0');
-    return m_at > start && number <= 0xFFFF;
+    const auto start = ++FAt;
+    while (ClassOf(FAt) == Digit && number <= 0xFFFF)
+        number = number * 10 + (FBytes[FAt++] - '0');
+    return FAt > start && number <= 0xFFFF;
 }
 
-void FormLexer::binary(FormToken& token)
+void FormLexer::Binary(FormToken& token)
 {
-    token.kind = FormToken::Kind::Binary;
-    const char* const first = m_bytes.data();
-    const char* const last = first + m_bytes.size();
-    const char* p = first + m_at + 1;
+    token.Type = FormToken::Kind::Binary;
+    const char* const first = FBytes.data();
+    const char* const last = first + FBytes.size();
+    const char* p = first + FAt + 1;
     bool whole = true; // every run of digits makes bytes
     while (whole && p < last && *p != '}') {
         const char* const run = p;
-        while (p < last && isHex(*p))
+        while (p < last && IsHex(*p))
             ++p;
         whole = (p - run) % 2 == 0;
-        if (p == run && !isBlank(*p))
+        if (p == run && !IsBlank(*p))
             break;
-        while (whole && p < last && isBlank(*p))
+        while (whole && p < last && IsBlank(*p))
             ++p;
     }
-    m_at = p - first;
+    FAt = p - first;
     if (p >= last)
-        return fail(token, "binary data without its closing brace; the file is cut off, take it from a backup");
+        return Fail(token, "binary data without its closing brace; the file is cut off, take it from a backup");
     if (!whole || *p != '}') {
-        token.begin = m_at;
-        return fail(token, "binary data holds something other than pairs of hexadecimal digits; mend the digits");
+        token.Begin = FAt;
+        return Fail(token, "binary data holds something other than pairs of hexadecimal digits; mend the digits");
     }
-    ++m_at;
+    ++FAt;
 }

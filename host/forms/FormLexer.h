@@ -15,13 +15,13 @@ struct FormToken {
         Error, // message() says why
     };
 
-    Kind kind = Kind::End;
-    char mark = 0; // of Kind::Mark
-    qsizetype begin = 0;
-    qsizetype end = 0;
+    Kind Type = Kind::End;
+    char Mark = 0; // of Kind::Mark
+    qsizetype Begin = 0;
+    qsizetype End = 0;
 
-    qsizetype size() const { return end - begin; }
-    bool is(char c) const { return kind == Kind::Mark && mark == c; }
+    qsizetype size() const { return End - Begin; }
+    bool Is(char c) const { return Type == Kind::Mark && Mark == c; }
 };
 
 // Cuts the bytes of a form in text into tokens. Keeps no copy: the bytes must outlive it and the tokens.
@@ -29,29 +29,29 @@ class FormLexer {
 public:
     explicit FormLexer(QByteArrayView bytes, qsizetype start = 0);
 
-    FormToken next();
-    QByteArrayView text(const FormToken& token) const { return m_bytes.sliced(token.begin, token.size()); }
-    QByteArrayView bytes() const { return m_bytes; }
+    FormToken Next();
+    QByteArrayView Text(const FormToken& token) const { return FBytes.sliced(token.Begin, token.size()); }
+    QByteArrayView Bytes() const { return FBytes; }
 
-    const char* message() const { return m_message; } // of the last token of Kind::Error, else nil
-    bool sawRawNonAscii() const { return m_rawNonAscii; } // a string held bytes above 127 as they are
+    const char* Message() const { return FMessage; } // of the last token of Kind::Error, else nil
+    bool SawRawNonAscii() const { return FRawNonAscii; } // a string held bytes above 127 as they are
 
-    static bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); } // line ends, too
+    static bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); } // line ends, too
 
 private:
-    void symbol(FormToken& token);
-    void number(FormToken& token);
-    void hexNumber(FormToken& token);
-    void string(FormToken& token);
-    bool quoted();
-    bool escape();
-    void binary(FormToken& token);
-    void fail(FormToken& token, const char* message);
-    void digits();
-    uchar classOf(qsizetype at) const;
+    void Symbol(FormToken& token);
+    void Number(FormToken& token);
+    void HexNumber(FormToken& token);
+    void String(FormToken& token);
+    bool Quoted();
+    bool Escape();
+    void Binary(FormToken& token);
+    void Fail(FormToken& token, const char* message);
+    void Digits();
+    uchar ClassOf(qsizetype at) const;
 
-    QByteArrayView m_bytes;
-    qsizetype m_at;
-    const char* m_message = nullptr;
-    bool m_rawNonAscii = false;
+    QByteArrayView FBytes;
+    qsizetype FAt;
+    const char* FMessage = nullptr;
+    bool FRawNonAscii = false;
 };

@@ -8,9 +8,9 @@
 
 // What the header of a node says.
 struct FormNames {
-    FormNode::Kind kind = FormNode::Kind::Object;
-    QByteArray className;
-    QByteArray name;
-    std::optional<int> index;
+    FormNode::Kind Kind = FormNode::Kind::Object;
+    QByteArray ClassName;
+    QByteArray Name;
+    std::optional<int> Index;
     bool operator==(const FormNames&) const = default;
 };

@@ -5,71 +5,71 @@
 
 #include <algorithm>
 
-QString FormProperty::name() const
+QString FormProperty::Name() const
 {
-    return m_owner->m_tree->encoding.decode(m_pieces.name);
+    return FOwner->FTree->Encoding.Decode(FPieces.Name);
 }
 
-bool FormProperty::isNamed(QStringView name) const
+bool FormProperty::IsNamed(QStringView name) const
 {
-    return m_owner->m_tree->encoding.isSame(m_pieces.name, name);
+    return FOwner->FTree->Encoding.IsSame(FPieces.Name, name);
 }
 
-FormValue FormProperty::value() const
+FormValue FormProperty::Value() const
 {
-    return readFormValue(*m_owner->m_tree, *this);
+    return ReadFormValue(*FOwner->FTree, *this);
 }
 
-QString FormNode::name() const
+QString FormNode::Name() const
 {
-    return m_tree->encoding.decode(m_header.name);
+    return FTree->Encoding.Decode(FHeader.Name);
 }
 
-bool FormNode::isNamed(QStringView name) const
+bool FormNode::IsNamed(QStringView name) const
 {
-    return m_tree->encoding.isSame(m_header.name, name);
+    return FTree->Encoding.IsSame(FHeader.Name, name);
 }
 
-QString FormNode::className() const
+QString FormNode::ClassName() const
 {
-    return m_tree->encoding.decode(m_header.className);
+    return FTree->Encoding.Decode(FHeader.ClassName);
 }
 
-FormDocument& FormNode::document() const
+FormDocument& FormNode::Document() const
 {
-    return *m_tree->document;
+    return *FTree->Document;
 }
 
-FormProperty* FormNode::property(QStringView name) const
+FormProperty* FormNode::Property(QStringView name) const
 {
     const auto found = std::find_if(
-        m_properties.begin(), m_properties.end(), [name](const auto* property) { return property->isNamed(name); });
-    return found == m_properties.end() ? nullptr : *found;
+        FProperties.begin(), FProperties.end(), [name](const auto* property) { return property->IsNamed(name); });
+    return found == FProperties.end() ? nullptr : *found;
 }
 
-FormNode* FormNode::child(QStringView name) const
+FormNode* FormNode::Child(QStringView name) const
 {
-    for (auto* node : m_children)
-        if (node->isNamed(name))
+    for (auto* node : FChildren)
+        if (node->IsNamed(name))
             return node;
     return nullptr;
 }
 
-int FormNode::position() const
+int FormNode::Position() const
 {
-    if (!m_parent)
+    if (!FParent)
         return -1;
-    const auto siblings = m_collection ? m_collection->items() : m_parent->children();
+    const auto siblings = FCollection ? FCollection->Items() : FParent->Children();
     const auto found = std::find(siblings.begin(), siblings.end(), this);
     return found == siblings.end() ? -1 : static_cast<int>(found - siblings.begin());
 }
 
-FormNode::Header FormNode::Header::rebased(QByteArrayView other, qsizetype shift) const
+FormNode::Header FormNode::Header::Rebased(QByteArrayView other, qsizetype shift) const
 {
     const auto move = [&](QByteArrayView view) {
-        const auto at = view.data() - bytes.data();
-        const bool within = !view.isEmpty() && at >= 0 && at + view.size() <= bytes.size();
+        const auto at = view.data() - Bytes.data();
+        const bool within = !view.isEmpty() && at >= 0 && at + view.size() <= Bytes.size();
         return within ? other.sliced(at + shift, view.size()) : view;
     };
-    return { other, move(name), move(className), index };
+    return { other, move(Name), move(ClassName), Index };
 }

@@ -16,34 +16,34 @@ class FormTree;
 // while it is removed (an undo brings the same object back). Changed through FormDocument only.
 class FormProperty {
 public:
-    QString name() const; // as spelled, "Font.Charset"
-    QByteArrayView nameBytes() const { return m_pieces.name; }
-    bool isNamed(QStringView name) const; // case does not count
-    FormValue value() const; // decoded anew at each call
+    QString Name() const; // as spelled, "Font.Charset"
+    QByteArrayView NameBytes() const { return FPieces.Name; }
+    bool IsNamed(QStringView name) const; // case does not count
+    FormValue Value() const; // decoded anew at each call
     // The value's bytes as they stand in the file; of a collection, what stands before its first item.
-    QByteArrayView valueBytes() const { return m_pieces.value; }
+    QByteArrayView ValueBytes() const { return FPieces.Value; }
 
-    bool isCollection() const { return m_pieces.isCollection; }
-    std::span<FormNode* const> items() const { return m_pieces.items; } // of a collection, in their order
+    bool IsCollection() const { return FPieces.IsCollection; }
+    std::span<FormNode* const> Items() const { return FPieces.Items; } // of a collection, in their order
 
-    FormNode& owner() const { return *m_owner; }
+    FormNode& Owner() const { return *FOwner; }
 
     // The bytes of a property in their order: lead (with the name in it), value, items, close, trail.
     struct Pieces {
-        QByteArrayView lead;
-        QByteArrayView name;
-        QByteArrayView value;
-        std::span<FormNode* const> items;
-        QByteArrayView close;
-        QByteArrayView trail;
-        bool isCollection = false;
+        QByteArrayView Lead;
+        QByteArrayView Name;
+        QByteArrayView Value;
+        std::span<FormNode* const> Items;
+        QByteArrayView Close;
+        QByteArrayView Trail;
+        bool IsCollection = false;
     };
-    const Pieces& pieces() const { return m_pieces; }
+    const Pieces& ThePieces() const { return FPieces; }
 
 private:
     friend class FormTree;
-    FormNode* m_owner = nullptr;
-    Pieces m_pieces;
+    FormNode* FOwner = nullptr;
+    Pieces FPieces;
 };
 
 // An object of the form, or an item of one of its collections. Belongs to its document and lives, at one address, as
@@ -52,46 +52,46 @@ class FormNode {
 public:
     enum class Kind { Object, Inherited, Inline, Item };
 
-    Kind kind() const { return m_kind; }
-    QString name() const; // empty where the object has none, and of an item
-    bool isNamed(QStringView name) const; // case does not count
-    QString className() const;
-    std::optional<int> index() const { return m_header.index; } // the [n] behind the class or the item
+    Kind TheKind() const { return FKind; }
+    QString Name() const; // empty where the object has none, and of an item
+    bool IsNamed(QStringView name) const; // case does not count
+    QString ClassName() const;
+    std::optional<int> Index() const { return FHeader.Index; } // the [n] behind the class or the item
 
-    std::span<FormProperty* const> properties() const { return m_properties; }
-    std::span<FormNode* const> children() const { return m_children; }
-    FormProperty* property(QStringView name) const; // nil where there is none; case does not count
-    FormNode* child(QStringView name) const; // directly below; nil where there is none; case does not count
+    std::span<FormProperty* const> Properties() const { return FProperties; }
+    std::span<FormNode* const> Children() const { return FChildren; }
+    FormProperty* Property(QStringView name) const; // nil where there is none; case does not count
+    FormNode* Child(QStringView name) const; // directly below; nil where there is none; case does not count
 
-    FormNode* parent() const { return m_parent; } // of an item: the owner of the collection; nil: root or removed
-    FormProperty* collection() const { return m_collection; } // that an item is in, else nil
-    FormDocument& document() const;
-    int position() const; // among its siblings, from 0; -1 where it has no parent
+    FormNode* Parent() const { return FParent; } // of an item: the owner of the collection; nil: root or removed
+    FormProperty* Collection() const { return FCollection; } // that an item is in, else nil
+    FormDocument& Document() const;
+    int Position() const; // among its siblings, from 0; -1 where it has no parent
 
     // The bytes of a node in their order: header, properties, middle, children, footer.
     struct Header {
-        QByteArrayView bytes;
-        QByteArrayView name;
-        QByteArrayView className;
-        std::optional<int> index;
+        QByteArrayView Bytes;
+        QByteArrayView Name;
+        QByteArrayView ClassName;
+        std::optional<int> Index;
 
         // The same header in other bytes, whose names stand `shift` bytes further on.
-        Header rebased(QByteArrayView other, qsizetype shift) const;
+        Header Rebased(QByteArrayView other, qsizetype shift) const;
     };
-    const Header& header() const { return m_header; }
-    QByteArrayView middle() const { return m_middle; }
-    QByteArrayView footer() const { return m_footer; }
+    const Header& TheHeader() const { return FHeader; }
+    QByteArrayView Middle() const { return FMiddle; }
+    QByteArrayView Footer() const { return FFooter; }
 
 private:
     friend class FormProperty;
     friend class FormTree;
-    Kind m_kind = Kind::Object;
-    Header m_header;
-    QByteArrayView m_middle;
-    QByteArrayView m_footer;
-    std::span<FormProperty* const> m_properties;
-    std::span<FormNode* const> m_children;
-    FormNode* m_parent = nullptr;
-    FormProperty* m_collection = nullptr;
-    FormTree* m_tree = nullptr;
+    Kind FKind = Kind::Object;
+    Header FHeader;
+    QByteArrayView FMiddle;
+    QByteArrayView FFooter;
+    std::span<FormProperty* const> FProperties;
+    std::span<FormNode* const> FChildren;
+    FormNode* FParent = nullptr;
+    FormProperty* FCollection = nullptr;
+    FormTree* FTree = nullptr;
 };

@@ -5,22 +5,22 @@
 namespace {
 
 // Names parted by dots, without blanks.
-bool isName(QByteArrayView text)
+bool IsName(QByteArrayView text)
 {
     FormLexer lexer(text);
     qsizetype end = 0;
-    for (auto token = lexer.next(); token.kind == FormToken::Kind::Symbol && token.begin == end; token = lexer.next()) {
-        end = token.end;
+    for (auto token = lexer.Next(); token.Type == FormToken::Kind::Symbol && token.Begin == end; token = lexer.Next()) {
+        end = token.End;
         if (end == text.size())
             return true;
-        if (token = lexer.next(); !token.is('.') || token.begin != end)
+        if (token = lexer.Next(); !token.Is('.') || token.Begin != end)
             return false;
-        end = token.end;
+        end = token.End;
     }
     return false;
 }
 
-bool isKeyword(const QString& name, bool inItem)
+bool IsKeyword(const QString& name, bool inItem)
 {
     static const QStringList words { QStringLiteral("end"), QStringLiteral("object"), QStringLiteral("inherited"),
         QStringLiteral("inline") };
@@ -28,59 +28,59 @@ bool isKeyword(const QString& name, bool inItem)
     return found == 0 || (found > 0 && !inItem);
 }
 
-std::optional<QString> checked(const QString& name)
+std::optional<QString> Checked(const QString& name)
 {
-    return isName(name.toUtf8()) ? std::nullopt : std::optional(name);
+    return IsName(name.toUtf8()) ? std::nullopt : std::optional(name);
 }
 
-std::optional<QString> checkedProperty(const QString& name, bool inItem)
+std::optional<QString> CheckedProperty(const QString& name, bool inItem)
 {
-    return isKeyword(name, inItem) ? std::optional(name) : checked(name);
+    return IsKeyword(name, inItem) ? std::optional(name) : Checked(name);
 }
 
-std::optional<QString> firstOf(const QStringList& names)
+std::optional<QString> FirstOf(const QStringList& names)
 {
     for (const auto& name : names)
-        if (auto found = checked(name))
+        if (auto found = Checked(name))
             return found;
     return std::nullopt;
 }
 
-std::optional<QString> firstOf(const QList<FormItem>& items)
+std::optional<QString> FirstOf(const QList<FormItem>& items)
 {
     for (const auto& item : items)
-        for (const auto& property : item.properties) {
-            if (auto found = checkedProperty(property.name, true))
+        for (const auto& property : item.Properties) {
+            if (auto found = CheckedProperty(property.Name, true))
                 return found;
-            if (auto found = FormSayable::firstUnsayable(property.value))
+            if (auto found = FormSayable::FirstUnsayable(property.Value))
                 return found;
         }
     return std::nullopt;
 }
 
-std::optional<QString> headerOf(const FormNode& node)
+std::optional<QString> HeaderOf(const FormNode& node)
 {
-    if (node.kind() == FormNode::Kind::Item)
+    if (node.TheKind() == FormNode::Kind::Item)
         return std::nullopt;
-    if (auto found = checked(node.className()))
+    if (auto found = Checked(node.ClassName()))
         return found;
-    return node.name().isEmpty() ? std::nullopt : checked(node.name());
+    return node.Name().isEmpty() ? std::nullopt : Checked(node.Name());
 }
 
 }
 
-std::optional<QString> FormSayable::firstUnsayable(const FormValue& value)
+std::optional<QString> FormSayable::FirstUnsayable(const FormValue& value)
 {
-    switch (value.kind()) {
+    switch (value.TheKind()) {
     case FormValue::Kind::Identifier:
-        return checked(value.toString());
+        return Checked(value.ToString());
     case FormValue::Kind::Set:
-        return firstOf(value.toStringList());
+        return FirstOf(value.ToStringList());
     case FormValue::Kind::Collection:
-        return firstOf(value.toItems());
+        return FirstOf(value.ToItems());
     case FormValue::Kind::List:
-        for (const auto& element : value.toList())
-            if (auto found = firstUnsayable(element))
+        for (const auto& element : value.ToList())
+            if (auto found = FirstUnsayable(element))
                 return found;
         return std::nullopt;
     default:
@@ -88,18 +88,18 @@ std::optional<QString> FormSayable::firstUnsayable(const FormValue& value)
     }
 }
 
-std::optional<QString> FormSayable::firstUnsayable(const FormNode& node)
+std::optional<QString> FormSayable::FirstUnsayable(const FormNode& node)
 {
-    if (auto found = headerOf(node))
+    if (auto found = HeaderOf(node))
         return found;
-    for (const auto* property : node.properties()) {
-        if (auto found = checkedProperty(property->name(), node.kind() == FormNode::Kind::Item))
+    for (const auto* property : node.Properties()) {
+        if (auto found = CheckedProperty(property->Name(), node.TheKind() == FormNode::Kind::Item))
             return found;
-        if (auto found = firstUnsayable(property->value()))
+        if (auto found = FirstUnsayable(property->Value()))
             return found;
     }
-    for (const auto* child : node.children())
-        if (auto found = firstUnsayable(*child))
+    for (const auto* child : node.Children())
+        if (auto found = FirstUnsayable(*child))
             return found;
     return std::nullopt;
 }

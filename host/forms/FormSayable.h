@@ -11,7 +11,7 @@
 // so that it is told rather than written as something else.
 namespace FormSayable {
 
-std::optional<QString> firstUnsayable(const FormNode& node); // of the node and everything in it
-std::optional<QString> firstUnsayable(const FormValue& value);
+std::optional<QString> FirstUnsayable(const FormNode& node); // of the node and everything in it
+std::optional<QString> FirstUnsayable(const FormValue& value);
 
 }

@@ -5,7 +5,7 @@
 
 namespace {
 
-bool endsLine(QByteArrayView bytes)
+bool EndsLine(QByteArrayView bytes)
 {
     return bytes.endsWith('\n') || bytes.endsWith('\r');
 }
@@ -13,29 +13,29 @@ bool endsLine(QByteArrayView bytes)
 class FormTextScribe : public FormScribe {
 public:
     explicit FormTextScribe(FormTextStyle style)
-        : m_style(std::move(style))
-        , m_printer(m_style)
+        : FStyle(std::move(style))
+        , FPrinter(FStyle)
     {
     }
 
-    Spelled newProperty(const FormNode& owner, const QByteArray& name, const FormValue& value) const override
+    Spelled NewProperty(const FormNode& owner, const QByteArray& name, const FormValue& value) const override
     {
-        const auto indent = propertyIndent(owner);
-        Spelled made = spell(value, indent);
-        made.nameAt = indent.size();
-        made.lead = indent + name + " = ";
-        made.trail = m_style.lineEnd;
-        if (!endsLine(lastOfBody(owner)))
-            startLine(made);
+        const auto indent = PropertyIndent(owner);
+        Spelled made = Spell(value, indent);
+        made.NameAt = indent.size();
+        made.Lead = indent + name + " = ";
+        made.Trail = FStyle.LineEnd;
+        if (!EndsLine(LastOfBody(owner)))
+            StartLine(made);
         return made;
     }
 
-    Spelled newValue(const FormProperty& property, const FormValue& value) const override
+    Spelled NewValue(const FormProperty& property, const FormValue& value) const override
     {
-        return spell(value, formIndentOf(property.pieces().lead));
+        return Spell(value, FormIndentOf(property.ThePieces().Lead));
     }
 
-    QByteArrayView leadFor(QByteArrayView lead) const override
+    QByteArrayView LeadFor(QByteArrayView lead) const override
     {
         auto end = lead.lastIndexOf('=') + 1;
         const auto behind = lead.sliced(end);
@@ -46,164 +46,164 @@ public:
         return lead.first(end);
     }
 
-    QByteArray newHeader(const QByteArray& indent, const FormNames& names) const override
+    QByteArray NewHeader(const QByteArray& indent, const FormNames& names) const override
     {
-        const auto before = names.kind == FormNode::Kind::Item ? m_style.lineEnd : QByteArray();
-        return before + indent + m_printer.header(names) + m_style.lineEnd;
+        const auto before = names.Kind == FormNode::Kind::Item ? FStyle.LineEnd : QByteArray();
+        return before + indent + FPrinter.header(names) + FStyle.LineEnd;
     }
 
-    Frame newFrame(const QByteArray& indent, FormNode::Kind kind) const override
+    Frame NewFrame(const QByteArray& indent, FormNode::Kind kind) const override
     {
-        return { {}, indent + "end" + (kind == FormNode::Kind::Item ? QByteArray() : m_style.lineEnd) };
+        return { {}, indent + "end" + (kind == FormNode::Kind::Item ? QByteArray() : FStyle.LineEnd) };
     }
 
-    QByteArray changedHeader(const FormNode& node, const FormNames& names) const override
+    QByteArray ChangedHeader(const FormNode& node, const FormNames& names) const override
     {
-        const auto bytes = node.header().bytes;
+        const auto bytes = node.TheHeader().Bytes;
         FormLexer lexer(bytes);
-        const auto word = lexer.next();
-        auto last = word.end;
-        for (auto token = lexer.next(); token.kind != FormToken::Kind::End; token = lexer.next())
-            last = token.end;
-        const auto before = bytes.first(word.begin).toByteArray();
-        return before + m_printer.header(names) + bytes.sliced(last).toByteArray();
+        const auto word = lexer.Next();
+        auto last = word.End;
+        for (auto token = lexer.Next(); token.Type != FormToken::Kind::End; token = lexer.Next())
+            last = token.End;
+        const auto before = bytes.first(word.Begin).toByteArray();
+        return before + FPrinter.header(names) + bytes.sliced(last).toByteArray();
     }
 
-    FormNode::Header locate(QByteArrayView header, const FormNames& names) const override
+    FormNode::Header Locate(QByteArrayView header, const FormNames& names) const override
     {
-        FormNode::Header made { header, {}, {}, names.index };
+        FormNode::Header made { header, {}, {}, names.Index };
         FormLexer lexer(header);
-        auto at = lexer.next().end;
-        if (!names.name.isEmpty()) {
-            at = header.indexOf(names.name, at);
-            made.name = header.sliced(at, names.name.size());
-            at += names.name.size();
+        auto at = lexer.Next().End;
+        if (!names.Name.isEmpty()) {
+            at = header.indexOf(names.Name, at);
+            made.Name = header.sliced(at, names.Name.size());
+            at += names.Name.size();
         }
-        if (!names.className.isEmpty())
-            made.className = header.sliced(header.indexOf(names.className, at), names.className.size());
+        if (!names.ClassName.isEmpty())
+            made.ClassName = header.sliced(header.indexOf(names.ClassName, at), names.ClassName.size());
         return made;
     }
 
-    QByteArray childIndent(const FormNode& parent) const override
+    QByteArray ChildIndent(const FormNode& parent) const override
     {
-        if (!parent.children().empty())
-            return formIndentOf(parent.children().back()->header().bytes);
-        return propertyIndent(parent);
+        if (!parent.Children().empty())
+            return FormIndentOf(parent.Children().back()->TheHeader().Bytes);
+        return PropertyIndent(parent);
     }
 
-    QByteArray itemIndent(const FormProperty& collection) const override
+    QByteArray ItemIndent(const FormProperty& collection) const override
     {
-        if (!collection.items().empty())
-            return formIndentOf(collection.items().back()->header().bytes);
-        return formIndentOf(collection.pieces().lead) + m_style.step;
+        if (!collection.Items().empty())
+            return FormIndentOf(collection.Items().back()->TheHeader().Bytes);
+        return FormIndentOf(collection.ThePieces().Lead) + FStyle.Step;
     }
 
-    QByteArray gap(QByteArrayView before, QByteArrayView after) const override
+    QByteArray Gap(QByteArrayView before, QByteArrayView after) const override
     {
-        const bool apart = before.isEmpty() || after.isEmpty() || FormLexer::isBlank(before.back())
-            || FormLexer::isBlank(after.front());
-        return apart ? QByteArray() : m_style.lineEnd;
+        const bool apart = before.isEmpty() || after.isEmpty() || FormLexer::IsBlank(before.back())
+            || FormLexer::IsBlank(after.front());
+        return apart ? QByteArray() : FStyle.LineEnd;
     }
 
-    bool indents() const override { return true; }
+    bool Indents() const override { return true; }
 
 private:
-    void startLine(Spelled& property) const
+    void StartLine(Spelled& property) const
     {
-        property.lead.prepend(m_style.lineEnd);
-        property.nameAt += m_style.lineEnd.size();
+        property.Lead.prepend(FStyle.LineEnd);
+        property.NameAt += FStyle.LineEnd.size();
     }
 
-    QByteArray propertyIndent(const FormNode& owner) const
+    QByteArray PropertyIndent(const FormNode& owner) const
     {
-        if (!owner.properties().empty())
-            return formIndentOf(owner.properties().back()->pieces().lead);
-        return formIndentOf(owner.header().bytes) + m_style.step;
+        if (!owner.Properties().empty())
+            return FormIndentOf(owner.Properties().back()->ThePieces().Lead);
+        return FormIndentOf(owner.TheHeader().Bytes) + FStyle.Step;
     }
 
-    static QByteArrayView lastOfBody(const FormNode& owner)
+    static QByteArrayView LastOfBody(const FormNode& owner)
     {
-        if (owner.properties().empty())
-            return owner.header().bytes;
-        return owner.properties().back()->pieces().trail;
+        if (owner.Properties().empty())
+            return owner.TheHeader().Bytes;
+        return owner.Properties().back()->ThePieces().Trail;
     }
 
-    Spelled spell(const FormValue& value, const QByteArray& indent) const
+    Spelled Spell(const FormValue& value, const QByteArray& indent) const
     {
-        if (value.kind() == FormValue::Kind::Collection)
+        if (value.TheKind() == FormValue::Kind::Collection)
             return { {}, 0, "<", ">", {} };
-        return { {}, 0, m_printer.value(value, indent), {}, {} };
+        return { {}, 0, FPrinter.Value(value, indent), {}, {} };
     }
 
-    FormTextStyle m_style;
-    FormTextPrinter m_printer;
+    FormTextStyle FStyle;
+    FormTextPrinter FPrinter;
 };
 
 class FormBinaryScribe : public FormScribe {
 public:
     explicit FormBinaryScribe(const FormEncoding& encoding)
-        : m_printer(encoding)
+        : FPrinter(encoding)
     {
     }
 
-    Spelled newProperty(const FormNode&, const QByteArray& name, const FormValue& value) const override
+    Spelled NewProperty(const FormNode&, const QByteArray& name, const FormValue& value) const override
     {
-        auto made = spell(value);
-        made.lead = FormBinaryPrinter::shortString(name);
-        made.nameAt = 1;
+        auto made = Spell(value);
+        made.Lead = FormBinaryPrinter::ShortString(name);
+        made.NameAt = 1;
         return made;
     }
 
-    Spelled newValue(const FormProperty&, const FormValue& value) const override { return spell(value); }
+    Spelled NewValue(const FormProperty&, const FormValue& value) const override { return Spell(value); }
 
-    QByteArrayView leadFor(QByteArrayView lead) const override { return lead; }
+    QByteArrayView LeadFor(QByteArrayView lead) const override { return lead; }
 
-    QByteArray newHeader(const QByteArray&, const FormNames& names) const override
+    QByteArray NewHeader(const QByteArray&, const FormNames& names) const override
     {
-        return FormBinaryPrinter::header(names.kind, names.index, names.className, names.name);
+        return FormBinaryPrinter::Header(names.Kind, names.Index, names.ClassName, names.Name);
     }
 
-    Frame newFrame(const QByteArray&, FormNode::Kind kind) const override
+    Frame NewFrame(const QByteArray&, FormNode::Kind kind) const override
     {
         const QByteArray zero(1, '\0');
         return { kind == FormNode::Kind::Item ? QByteArray() : zero, zero };
     }
 
-    QByteArray changedHeader(const FormNode&, const FormNames& names) const override { return newHeader({}, names); }
+    QByteArray ChangedHeader(const FormNode&, const FormNames& names) const override { return NewHeader({}, names); }
 
-    FormNode::Header locate(QByteArrayView header, const FormNames& names) const override
+    FormNode::Header Locate(QByteArrayView header, const FormNames& names) const override
     {
-        FormNode::Header made { header, {}, {}, names.index };
-        if (names.kind == FormNode::Kind::Item)
+        FormNode::Header made { header, {}, {}, names.Index };
+        if (names.Kind == FormNode::Kind::Item)
             return made;
-        const auto name = std::min<qsizetype>(names.name.size(), 255);
-        const auto className = std::min<qsizetype>(names.className.size(), 255);
-        made.name = header.last(name);
-        made.className = header.sliced(header.size() - name - 1 - className, className);
+        const auto name = std::min<qsizetype>(names.Name.size(), 255);
+        const auto className = std::min<qsizetype>(names.ClassName.size(), 255);
+        made.Name = header.last(name);
+        made.ClassName = header.sliced(header.size() - name - 1 - className, className);
         return made;
     }
 
-    QByteArray childIndent(const FormNode&) const override { return {}; }
-    QByteArray itemIndent(const FormProperty&) const override { return {}; }
-    QByteArray gap(QByteArrayView, QByteArrayView) const override { return {}; }
-    bool indents() const override { return false; }
+    QByteArray ChildIndent(const FormNode&) const override { return {}; }
+    QByteArray ItemIndent(const FormProperty&) const override { return {}; }
+    QByteArray Gap(QByteArrayView, QByteArrayView) const override { return {}; }
+    bool Indents() const override { return false; }
 
 private:
-    Spelled spell(const FormValue& value) const
+    Spelled Spell(const FormValue& value) const
     {
-        if (value.kind() == FormValue::Kind::Collection)
+        if (value.TheKind() == FormValue::Kind::Collection)
             return { {}, 0, QByteArray(1, static_cast<char>(BinaryType::Collection)), QByteArray(1, '\0'), {} };
-        return { {}, 0, m_printer.value(value), {}, {} };
+        return { {}, 0, FPrinter.Value(value), {}, {} };
     }
 
-    FormBinaryPrinter m_printer;
+    FormBinaryPrinter FPrinter;
 };
 
 }
 
-std::unique_ptr<FormScribe> FormScribe::of(const FormTree& tree, const QString& fileName)
+std::unique_ptr<FormScribe> FormScribe::Of(const FormTree& tree, const QString& fileName)
 {
-    if (tree.format == FormFormat::Binary)
-        return std::make_unique<FormBinaryScribe>(tree.encoding);
-    return std::make_unique<FormTextScribe>(formStyleOf(tree, fileName));
+    if (tree.Format == FormFormat::Binary)
+        return std::make_unique<FormBinaryScribe>(tree.Encoding);
+    return std::make_unique<FormTextScribe>(FormStyleOf(tree, fileName));
 }

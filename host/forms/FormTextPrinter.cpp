@@ -6,33 +6,33 @@
 
 namespace {
 
-constexpr int stringWidth = 64; // characters of a string in one line
-constexpr int binaryWidth = 32; // bytes of binary data in one line
+constexpr int StringWidth = 64; // characters of a string in one line
+constexpr int BinaryWidth = 32; // bytes of binary data in one line
 
-bool isAscii(const QByteArray& bytes)
+bool IsAscii(const QByteArray& bytes)
 {
     return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<uchar>(c) < 0x80; });
 }
 
-QByteArray real(const FormValue& value, bool padded)
+QByteArray Real(const FormValue& value, bool padded)
 {
-    switch (value.kind()) {
+    switch (value.TheKind()) {
     case FormValue::Kind::Single:
-        return FormNumber::print(value.toReal(), padded, FormNumber::Precision::Single) + 's';
+        return FormNumber::Print(value.ToReal(), padded, FormNumber::Precision::Single) + 's';
     case FormValue::Kind::Currency:
-        return FormNumber::printCurrency(value.toReal());
+        return FormNumber::PrintCurrency(value.ToReal());
     case FormValue::Kind::Date:
-        return FormNumber::print(value.toReal(), padded, FormNumber::Precision::Double) + 'd';
+        return FormNumber::Print(value.ToReal(), padded, FormNumber::Precision::Double) + 'd';
     case FormValue::Kind::Double:
-        return FormNumber::print(value.toReal(), padded, FormNumber::Precision::Double);
+        return FormNumber::Print(value.ToReal(), padded, FormNumber::Precision::Double);
     default:
-        return FormNumber::print(value.toReal(), padded);
+        return FormNumber::Print(value.ToReal(), padded);
     }
 }
 
 }
 
-const char* FormTextPrinter::keyword(FormNode::Kind kind)
+const char* FormTextPrinter::Keyword(FormNode::Kind kind)
 {
     switch (kind) {
     case FormNode::Kind::Inherited:
@@ -48,90 +48,90 @@ const char* FormTextPrinter::keyword(FormNode::Kind kind)
 
 QByteArray FormTextPrinter::header(const FormNames& names) const
 {
-    QByteArray text(keyword(names.kind));
-    if (!names.className.isEmpty())
-        text += ' ' + (names.name.isEmpty() ? QByteArray() : names.name + ": ") + names.className;
-    if (names.index)
-        text += (m_style.tightIndex && names.kind != FormNode::Kind::Item ? "[" : " [")
-            + QByteArray::number(*names.index) + ']';
+    QByteArray text(Keyword(names.Kind));
+    if (!names.ClassName.isEmpty())
+        text += ' ' + (names.Name.isEmpty() ? QByteArray() : names.Name + ": ") + names.ClassName;
+    if (names.Index)
+        text += (FStyle.TightIndex && names.Kind != FormNode::Kind::Item ? "[" : " [")
+            + QByteArray::number(*names.Index) + ']';
     return text;
 }
 
-QByteArray FormTextPrinter::value(const FormValue& value, const QByteArray& indent) const
+QByteArray FormTextPrinter::Value(const FormValue& value, const QByteArray& indent) const
 {
-    switch (value.kind()) {
+    switch (value.TheKind()) {
     case FormValue::Kind::Null:
         return "Null";
     case FormValue::Kind::Nil:
         return "nil";
     case FormValue::Kind::Boolean:
-        return value.toBool() ? "True" : "False";
+        return value.ToBool() ? "True" : "False";
     case FormValue::Kind::Integer:
-        return QByteArray::number(value.toInteger());
+        return QByteArray::number(value.ToInteger());
     case FormValue::Kind::String:
-        return string(value, indent);
+        return String(value, indent);
     case FormValue::Kind::Identifier:
-        return m_style.encoding.encode(value.toString());
+        return FStyle.Encoding.Encode(value.ToString());
     case FormValue::Kind::Set:
-        return m_style.encoding.encode(u'[' + value.toStringList().join(QStringLiteral(", ")) + u']');
+        return FStyle.Encoding.Encode(u'[' + value.ToStringList().join(QStringLiteral(", ")) + u']');
     case FormValue::Kind::List:
-        return list(value.toList(), indent);
+        return List(value.ToList(), indent);
     case FormValue::Kind::Collection:
-        return collection(value.toItems(), indent);
+        return Collection(value.ToItems(), indent);
     case FormValue::Kind::Binary:
-        return binary(value.toBinary(), indent);
+        return Binary(value.ToBinary(), indent);
     default:
-        return real(value, m_style.paddedReals);
+        return Real(value, FStyle.PaddedReals);
     }
 }
 
-QByteArray FormTextPrinter::list(const QList<FormValue>& values, const QByteArray& indent) const
+QByteArray FormTextPrinter::List(const QList<FormValue>& values, const QByteArray& indent) const
 {
     QByteArray text("(");
     for (const auto& element : values)
-        text += newLine(indent + m_style.step) + value(element, indent + m_style.step);
-    return text + close(indent, !values.isEmpty()) + ')';
+        text += NewLine(indent + FStyle.Step) + Value(element, indent + FStyle.Step);
+    return text + Close(indent, !values.isEmpty()) + ')';
 }
 
-QByteArray FormTextPrinter::collection(const QList<FormItem>& items, const QByteArray& indent) const
+QByteArray FormTextPrinter::Collection(const QList<FormItem>& items, const QByteArray& indent) const
 {
     QByteArray text("<");
-    const auto inner = indent + m_style.step;
+    const auto inner = indent + FStyle.Step;
     for (const auto& item : items) {
-        text += newLine(inner) + "item";
-        if (item.index)
-            text += " [" + QByteArray::number(*item.index) + ']';
-        for (const auto& property : item.properties)
-            text += newLine(inner + m_style.step) + m_style.encoding.encode(property.name) + " = "
-                + value(property.value, inner + m_style.step);
-        text += newLine(inner) + "end";
+        text += NewLine(inner) + "item";
+        if (item.Index)
+            text += " [" + QByteArray::number(*item.Index) + ']';
+        for (const auto& property : item.Properties)
+            text += NewLine(inner + FStyle.Step) + FStyle.Encoding.Encode(property.Name) + " = "
+                + Value(property.Value, inner + FStyle.Step);
+        text += NewLine(inner) + "end";
     }
     return text + '>';
 }
 
-QByteArray FormTextPrinter::binary(const QByteArray& data, const QByteArray& indent) const
+QByteArray FormTextPrinter::Binary(const QByteArray& data, const QByteArray& indent) const
 {
     QByteArray text("{");
-    for (qsizetype at = 0; at < data.size(); at += binaryWidth)
-        text += newLine(indent + m_style.step) + data.mid(at, binaryWidth).toHex().toUpper();
-    return text + close(indent, !data.isEmpty()) + '}';
+    for (qsizetype at = 0; at < data.size(); at += BinaryWidth)
+        text += NewLine(indent + FStyle.Step) + data.mid(at, BinaryWidth).toHex().toUpper();
+    return text + Close(indent, !data.isEmpty()) + '}';
 }
 
-QByteArray FormTextPrinter::string(const FormValue& value, const QByteArray& indent) const
+QByteArray FormTextPrinter::String(const FormValue& value, const QByteArray& indent) const
 {
-    const auto text = value.toString();
+    const auto text = value.ToString();
     if (text.isEmpty())
         return "''";
-    const auto bytes = value.narrowBytes();
-    if (!bytes.isEmpty() && m_style.narrowBytes && !isAscii(bytes) && m_style.encoding.decode(bytes) == text)
-        return join(raw(bytes), indent);
-    if (m_style.rawStrings && m_style.encoding.canEncode(text))
-        return join(raw(m_style.encoding.encode(text)), indent);
-    return join(escaped(text), indent);
+    const auto bytes = value.NarrowBytes();
+    if (!bytes.isEmpty() && FStyle.NarrowBytes && !IsAscii(bytes) && FStyle.Encoding.Decode(bytes) == text)
+        return Join(Raw(bytes), indent);
+    if (FStyle.RawStrings && FStyle.Encoding.CanEncode(text))
+        return Join(Raw(FStyle.Encoding.Encode(text)), indent);
+    return Join(Escaped(text), indent);
 }
 
 // Everything that is no plain character by its number.
-QList<FormTextPrinter::Unit> FormTextPrinter::escaped(const QString& text)
+QList<FormTextPrinter::Unit> FormTextPrinter::Escaped(const QString& text)
 {
     QList<Unit> units;
     units.reserve(text.size());
@@ -143,15 +143,15 @@ QList<FormTextPrinter::Unit> FormTextPrinter::escaped(const QString& text)
 }
 
 // Only control characters by their number.
-QList<FormTextPrinter::Unit> FormTextPrinter::raw(const QByteArray& bytes) const
+QList<FormTextPrinter::Unit> FormTextPrinter::Raw(const QByteArray& bytes) const
 {
     QList<Unit> units;
     units.reserve(bytes.size());
     for (const char c : bytes) {
         const auto code = static_cast<uchar>(c);
-        const bool within = m_style.encoding.isUtf8() && (code & 0xC0) == 0x80 && !units.isEmpty();
-        if (within && units.back().quoted)
-            units.back().bytes += c;
+        const bool within = FStyle.Encoding.IsUtf8() && (code & 0xC0) == 0x80 && !units.isEmpty();
+        if (within && units.back().Quoted)
+            units.back().Bytes += c;
         else if (code < 0x20 || code == 0x7F)
             units << Unit { '#' + QByteArray::number(code), false };
         else
@@ -160,21 +160,21 @@ QList<FormTextPrinter::Unit> FormTextPrinter::raw(const QByteArray& bytes) const
     return units;
 }
 
-QByteArray FormTextPrinter::join(const QList<Unit>& units, const QByteArray& indent) const
+QByteArray FormTextPrinter::Join(const QList<Unit>& units, const QByteArray& indent) const
 {
-    const auto next = newLine(indent + m_style.step);
-    const bool broken = m_style.breakStrings && units.size() > stringWidth;
+    const auto next = NewLine(indent + FStyle.Step);
+    const bool broken = FStyle.BreakStrings && units.size() > StringWidth;
     QByteArray spelled = broken ? next : QByteArray();
     bool open = false;
     for (qsizetype at = 0; at < units.size(); ++at) {
-        if (broken && at > 0 && at % stringWidth == 0) {
+        if (broken && at > 0 && at % StringWidth == 0) {
             spelled += (open ? "' +" : " +") + next;
             open = false;
         }
-        if (units[at].quoted != open)
+        if (units[at].Quoted != open)
             spelled += '\'';
-        open = units[at].quoted;
-        spelled += units[at].bytes;
+        open = units[at].Quoted;
+        spelled += units[at].Bytes;
     }
     return open ? spelled + '\'' : spelled;
 }

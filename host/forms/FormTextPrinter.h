@@ -10,33 +10,33 @@
 class FormTextPrinter {
 public:
     explicit FormTextPrinter(const FormTextStyle& style)
-        : m_style(style)
+        : FStyle(style)
     {
     }
 
     QByteArray header(const FormNames& names) const; // object Edit1: TEdit [2]
-    static const char* keyword(FormNode::Kind kind);
-    QByteArray value(const FormValue& value, const QByteArray& indent) const;
+    static const char* Keyword(FormNode::Kind kind);
+    QByteArray Value(const FormValue& value, const QByteArray& indent) const;
 
 private:
-    QByteArray string(const FormValue& value, const QByteArray& indent) const;
-    QByteArray list(const QList<FormValue>& values, const QByteArray& indent) const;
-    QByteArray collection(const QList<FormItem>& items, const QByteArray& indent) const;
-    QByteArray binary(const QByteArray& data, const QByteArray& indent) const;
+    QByteArray String(const FormValue& value, const QByteArray& indent) const;
+    QByteArray List(const QList<FormValue>& values, const QByteArray& indent) const;
+    QByteArray Collection(const QList<FormItem>& items, const QByteArray& indent) const;
+    QByteArray Binary(const QByteArray& data, const QByteArray& indent) const;
     // A character of a string as it is spelled: between quotes, or by its number.
     struct Unit {
-        QByteArray bytes;
-        bool quoted;
+        QByteArray Bytes;
+        bool Quoted;
     };
-    static QList<Unit> escaped(const QString& text);
-    QList<Unit> raw(const QByteArray& bytes) const;
-    QByteArray join(const QList<Unit>& units, const QByteArray& indent) const;
-    QByteArray newLine(const QByteArray& indent) const { return m_style.lineEnd + indent; }
+    static QList<Unit> Escaped(const QString& text);
+    QList<Unit> Raw(const QByteArray& bytes) const;
+    QByteArray Join(const QList<Unit>& units, const QByteArray& indent) const;
+    QByteArray NewLine(const QByteArray& indent) const { return FStyle.LineEnd + indent; }
 
-    QByteArray close(const QByteArray& indent, bool filled) const
+    QByteArray Close(const QByteArray& indent, bool filled) const
     {
-        return m_style.ownLineClose && filled ? newLine(indent) : QByteArray();
+        return FStyle.OwnLineClose && filled ? NewLine(indent) : QByteArray();
     }
 
-    const FormTextStyle& m_style;
+    const FormTextStyle& FStyle;
 };

@@ -5,47 +5,47 @@
 using namespace Qt::StringLiterals;
 
 FormTextReader::FormTextReader(FormTree& tree, qsizetype start)
-    : m_tree(tree)
-    , m_lexer(tree.source(), start)
-    , m_pieceStart(start)
+    : FTree(tree)
+    , FLexer(tree.Source(), start)
+    , FPieceStart(start)
 {
 }
 
-std::optional<FormError> FormTextReader::read()
+std::optional<FormError> FormTextReader::Read()
 {
     try {
-        advance();
-        if (m_token.kind == FormToken::Kind::End)
-            fail(u"the file is empty; a form begins with a line like \"object Form1: TForm1\""_s);
-        m_tree.root = object();
+        Advance();
+        if (FToken.Type == FormToken::Kind::End)
+            Fail(u"the file is empty; a form begins with a line like \"object Form1: TForm1\""_s);
+        FTree.Root = Object();
     } catch (const Failure&) {
-        return m_error;
+        return FError;
     }
-    m_tree.suffix = m_tree.source().sliced(m_pieceStart);
-    m_tree.rawStrings = m_lexer.sawRawNonAscii();
+    FTree.Suffix = FTree.Source().sliced(FPieceStart);
+    FTree.RawStrings = FLexer.SawRawNonAscii();
     return std::nullopt;
 }
 
-void FormTextReader::advance()
+void FormTextReader::Advance()
 {
-    m_tokenEnd = m_token.end;
-    m_token = m_lexer.next();
-    if (m_token.kind == FormToken::Kind::Error)
-        fail(QString::fromLatin1(m_lexer.message()));
+    FTokenEnd = FToken.End;
+    FToken = FLexer.Next();
+    if (FToken.Type == FormToken::Kind::Error)
+        Fail(QString::fromLatin1(FLexer.Message()));
 }
 
-QByteArrayView FormTextReader::upTo(qsizetype end)
+QByteArrayView FormTextReader::UpTo(qsizetype end)
 {
-    const auto piece = m_tree.source().sliced(m_pieceStart, end - m_pieceStart);
-    m_pieceStart = end;
+    const auto piece = FTree.Source().sliced(FPieceStart, end - FPieceStart);
+    FPieceStart = end;
     return piece;
 }
 
 // Behind the line end where only blanks come before it, else where it was asked: the rest of the line belongs to what
 // stands there.
-qsizetype FormTextReader::endOfLine(qsizetype at) const
+qsizetype FormTextReader::EndOfLine(qsizetype at) const
 {
-    const auto bytes = m_tree.source();
+    const auto bytes = FTree.Source();
     auto end = at;
     while (end < bytes.size() && (bytes[end] == ' ' || bytes[end] == '\t'))
         ++end;
@@ -56,20 +56,20 @@ qsizetype FormTextReader::endOfLine(qsizetype at) const
     return end == bytes.size() ? end : at;
 }
 
-void FormTextReader::enter()
+void FormTextReader::Enter()
 {
-    if (++m_depth > maximumDepth)
-        fail(u"more than %1 levels inside one another; no program can show such a form, take out levels"_s.arg(
-            maximumDepth));
+    if (++FDepth > MaximumDepth)
+        Fail(u"more than %1 levels inside one another; no program can show such a form, take out levels"_s.arg(
+            MaximumDepth));
 }
 
-bool FormTextReader::isWord(const char* word) const
+bool FormTextReader::IsWord(const char* word) const
 {
-    return m_token.kind == FormToken::Kind::Symbol
-        && m_lexer.text(m_token).compare(QByteArrayView(word), Qt::CaseInsensitive) == 0;
+    return FToken.Type == FormToken::Kind::Symbol
+        && FLexer.Text(FToken).compare(QByteArrayView(word), Qt::CaseInsensitive) == 0;
 }
 
-static std::optional<FormNode::Kind> kindOf(QByteArrayView word)
+static std::optional<FormNode::Kind> KindOf(QByteArrayView word)
 {
     if (word.compare("object", Qt::CaseInsensitive) == 0)
         return FormNode::Kind::Object;
@@ -80,264 +80,264 @@ static std::optional<FormNode::Kind> kindOf(QByteArrayView word)
     return std::nullopt;
 }
 
-FormNode* FormTextReader::object()
+FormNode* FormTextReader::Object()
 {
-    const auto kind = m_token.kind == FormToken::Kind::Symbol ? kindOf(m_lexer.text(m_token)) : std::nullopt;
+    const auto kind = FToken.Type == FormToken::Kind::Symbol ? KindOf(FLexer.Text(FToken)) : std::nullopt;
     if (!kind)
-        failExpected(u"\"object\", \"inherited\" or \"inline\""_s);
-    enter();
-    auto* node = m_tree.makeNode(*kind);
+        FailExpected(u"\"object\", \"inherited\" or \"inline\""_s);
+    Enter();
+    auto* node = FTree.MakeNode(*kind);
     header(*node);
-    body(*node, true);
-    children(*node);
-    const auto end = m_token.end;
-    if (m_depth > 1)
-        advance(); // what stands behind the last end is kept, not read
-    m_tree.setFrame(*node, {}, upTo(endOfLine(end)));
-    leave();
+    Body(*node, true);
+    Children(*node);
+    const auto end = FToken.End;
+    if (FDepth > 1)
+        Advance(); // what stands behind the last end is kept, not read
+    FTree.SetFrame(*node, {}, UpTo(EndOfLine(end)));
+    Leave();
     return node;
 }
 
 void FormTextReader::header(FormNode& node)
 {
-    advance();
+    Advance();
     FormNode::Header made;
-    auto first = dottedName("the name of an object or of its class");
-    made.className = first;
-    if (m_token.is(':')) {
-        advance();
-        made.name = first;
-        made.className = dottedName("the name of a class", true);
+    auto first = DottedName("the name of an object or of its class");
+    made.ClassName = first;
+    if (FToken.Is(':')) {
+        Advance();
+        made.Name = first;
+        made.ClassName = DottedName("the name of a class", true);
     }
-    if (m_token.is('['))
-        made.index = index();
-    made.bytes = upTo(endOfLine(m_tokenEnd));
-    m_tree.setHeader(node, made);
+    if (FToken.Is('['))
+        made.Index = Index();
+    made.Bytes = UpTo(EndOfLine(FTokenEnd));
+    FTree.SetHeader(node, made);
 }
 
-std::optional<int> FormTextReader::index()
+std::optional<int> FormTextReader::Index()
 {
-    advance();
-    if (m_token.kind != FormToken::Kind::Integer)
-        failExpected(u"the number of the place among the siblings"_s);
-    const auto number = FormNumber::parseInteger(m_lexer.text(m_token));
+    Advance();
+    if (FToken.Type != FormToken::Kind::Integer)
+        FailExpected(u"the number of the place among the siblings"_s);
+    const auto number = FormNumber::ParseInteger(FLexer.Text(FToken));
     if (!number || *number != static_cast<int>(*number))
-        fail(u"a place that is out of range; write the number of the place among the siblings"_s);
-    advance();
-    expectMark(']', "close the place with it");
+        Fail(u"a place that is out of range; write the number of the place among the siblings"_s);
+    Advance();
+    ExpectMark(']', "close the place with it");
     return static_cast<int>(*number);
 }
 
 // Asked before every property: the length and the first letter tell nearly every name from a keyword.
-bool FormTextReader::endsBody(bool isObject) const
+bool FormTextReader::EndsBody(bool isObject) const
 {
-    if (m_token.kind != FormToken::Kind::Symbol)
+    if (FToken.Type != FormToken::Kind::Symbol)
         return false;
-    const auto word = m_lexer.text(m_token);
+    const auto word = FLexer.Text(FToken);
     const char first = word.front() | 0x20;
     if (word.size() == 3)
-        return first == 'e' && isWord("end");
-    return isObject && (first == 'o' || first == 'i') && (word.size() == 6 || word.size() == 9) && kindOf(word);
+        return first == 'e' && IsWord("end");
+    return isObject && (first == 'o' || first == 'i') && (word.size() == 6 || word.size() == 9) && KindOf(word);
 }
 
-void FormTextReader::body(FormNode& node, bool isObject)
+void FormTextReader::Body(FormNode& node, bool isObject)
 {
-    const auto base = m_properties.size();
-    while (!endsBody(isObject))
-        m_properties.push_back(property(node));
-    m_tree.setProperties(node, m_tree.keep(std::span(m_properties).subspan(base)));
-    m_properties.resize(base);
+    const auto base = FProperties.size();
+    while (!EndsBody(isObject))
+        FProperties.push_back(Property(node));
+    FTree.SetProperties(node, FTree.Keep(std::span(FProperties).subspan(base)));
+    FProperties.resize(base);
 }
 
-void FormTextReader::children(FormNode& node)
+void FormTextReader::Children(FormNode& node)
 {
-    const auto base = m_nodes.size();
-    while (!isWord("end")) {
-        if (m_token.kind == FormToken::Kind::Symbol && !kindOf(m_lexer.text(m_token)))
-            fail(u"\"%1\" after a child object; a property stands before the first child, and every object is closed "
-                 "with \"end\""_s.arg(found()));
-        m_nodes.push_back(object());
+    const auto base = FNodes.size();
+    while (!IsWord("end")) {
+        if (FToken.Type == FormToken::Kind::Symbol && !KindOf(FLexer.Text(FToken)))
+            Fail(u"\"%1\" after a child object; a property stands before the first child, and every object is closed "
+                 "with \"end\""_s.arg(Found()));
+        FNodes.push_back(Object());
     }
-    m_tree.setChildren(node, m_tree.keep(std::span(m_nodes).subspan(base)));
-    m_nodes.resize(base);
+    FTree.SetChildren(node, FTree.Keep(std::span(FNodes).subspan(base)));
+    FNodes.resize(base);
 }
 
-QByteArrayView FormTextReader::dottedName(const char* what, bool isClass)
+QByteArrayView FormTextReader::DottedName(const char* what, bool isClass)
 {
-    if (m_token.kind != FormToken::Kind::Symbol)
-        failExpected(QString::fromLatin1(what));
-    const auto begin = m_token.begin;
-    qsizetype letters = m_token.size();
-    advance();
-    while (m_token.is('.') || (isClass && m_token.is('/'))) {
-        advance();
-        if (m_token.kind != FormToken::Kind::Symbol)
-            failExpected(u"a name behind the dot"_s);
-        letters += m_token.size() + 1;
-        advance();
+    if (FToken.Type != FormToken::Kind::Symbol)
+        FailExpected(QString::fromLatin1(what));
+    const auto begin = FToken.Begin;
+    qsizetype letters = FToken.size();
+    Advance();
+    while (FToken.Is('.') || (isClass && FToken.Is('/'))) {
+        Advance();
+        if (FToken.Type != FormToken::Kind::Symbol)
+            FailExpected(u"a name behind the dot"_s);
+        letters += FToken.size() + 1;
+        Advance();
     }
-    const auto name = m_tree.source().sliced(begin, m_tokenEnd - begin);
+    const auto name = FTree.Source().sliced(begin, FTokenEnd - begin);
     if (name.size() == letters)
         return name;
     auto compact = name.toByteArray();
-    compact.removeIf([](char c) { return FormLexer::isBlank(c); });
-    return m_tree.keep(compact);
+    compact.removeIf([](char c) { return FormLexer::IsBlank(c); });
+    return FTree.Keep(compact);
 }
 
-FormProperty* FormTextReader::property(FormNode& owner)
+FormProperty* FormTextReader::Property(FormNode& owner)
 {
-    auto* made = m_tree.makeProperty(&owner);
+    auto* made = FTree.MakeProperty(&owner);
     FormProperty::Pieces pieces;
-    pieces.name = dottedName("the name of a property, or \"end\"");
-    expectMark('=', "a property is written as Name = Value");
-    pieces.lead = upTo(m_token.begin);
-    value(pieces, made);
-    pieces.trail = upTo(endOfLine(m_tokenEnd));
-    m_tree.setPieces(*made, pieces);
+    pieces.Name = DottedName("the name of a property, or \"end\"");
+    ExpectMark('=', "a property is written as Name = Value");
+    pieces.Lead = UpTo(FToken.Begin);
+    Value(pieces, made);
+    pieces.Trail = UpTo(EndOfLine(FTokenEnd));
+    FTree.SetPieces(*made, pieces);
     return made;
 }
 
-void FormTextReader::value(FormProperty::Pieces& pieces, FormProperty* property)
+void FormTextReader::Value(FormProperty::Pieces& pieces, FormProperty* property)
 {
-    if (m_token.is('<')) {
-        collection(pieces, property);
+    if (FToken.Is('<')) {
+        Collection(pieces, property);
         return;
     }
-    skipValue();
-    pieces.value = upTo(m_tokenEnd);
+    SkipValue();
+    pieces.Value = UpTo(FTokenEnd);
 }
 
-void FormTextReader::skipValue()
+void FormTextReader::SkipValue()
 {
-    switch (m_token.kind) {
+    switch (FToken.Type) {
     case FormToken::Kind::Symbol:
-        dottedName("a value");
+        DottedName("a value");
         return;
     case FormToken::Kind::Integer:
-        if (m_token.size() > 18 && !FormNumber::parseInteger(m_lexer.text(m_token)))
-            fail(u"a whole number of more than 64 bits; write a smaller one"_s);
-        advance();
+        if (FToken.size() > 18 && !FormNumber::ParseInteger(FLexer.Text(FToken)))
+            Fail(u"a whole number of more than 64 bits; write a smaller one"_s);
+        Advance();
         return;
     case FormToken::Kind::Real:
     case FormToken::Kind::Binary:
-        advance();
+        Advance();
         return;
     case FormToken::Kind::String:
-        skipString();
+        SkipString();
         return;
     default:
         break;
     }
-    if (m_token.is('['))
-        skipSet();
-    else if (m_token.is('('))
-        skipList();
-    else if (m_token.is('<'))
-        skipCollection();
+    if (FToken.Is('['))
+        SkipSet();
+    else if (FToken.Is('('))
+        SkipList();
+    else if (FToken.Is('<'))
+        SkipCollection();
     else
-        failExpected(u"a value"_s);
+        FailExpected(u"a value"_s);
 }
 
-void FormTextReader::skipString()
+void FormTextReader::SkipString()
 {
-    advance();
-    while (m_token.is('+')) {
-        advance();
-        if (m_token.kind != FormToken::Kind::String)
-            failExpected(u"the string that goes on behind the +"_s);
-        advance();
+    Advance();
+    while (FToken.Is('+')) {
+        Advance();
+        if (FToken.Type != FormToken::Kind::String)
+            FailExpected(u"the string that goes on behind the +"_s);
+        Advance();
     }
 }
 
-void FormTextReader::skipSet()
+void FormTextReader::SkipSet()
 {
-    advance();
-    while (!m_token.is(']')) {
-        dottedName("the name of an element of the set, or ]");
-        if (m_token.is(']'))
+    Advance();
+    while (!FToken.Is(']')) {
+        DottedName("the name of an element of the set, or ]");
+        if (FToken.Is(']'))
             break;
-        expectMark(',', "elements of a set are parted by commas and the set ends with ]");
-        if (m_token.is(']'))
-            failExpected(u"an element of the set behind the comma"_s);
+        ExpectMark(',', "elements of a set are parted by commas and the set ends with ]");
+        if (FToken.Is(']'))
+            FailExpected(u"an element of the set behind the comma"_s);
     }
-    advance();
+    Advance();
 }
 
-void FormTextReader::skipList()
+void FormTextReader::SkipList()
 {
-    enter();
-    advance();
-    while (!m_token.is(')'))
-        skipValue();
-    advance();
-    leave();
+    Enter();
+    Advance();
+    while (!FToken.Is(')'))
+        SkipValue();
+    Advance();
+    Leave();
 }
 
 // A collection inside a list: it is part of the list's value, its items are no nodes.
-void FormTextReader::skipCollection()
+void FormTextReader::SkipCollection()
 {
     FormProperty::Pieces pieces;
-    const auto start = m_pieceStart;
-    collection(pieces, m_tree.makeProperty(m_tree.makeNode(FormNode::Kind::Item)));
-    m_pieceStart = start;
+    const auto start = FPieceStart;
+    Collection(pieces, FTree.MakeProperty(FTree.MakeNode(FormNode::Kind::Item)));
+    FPieceStart = start;
 }
 
-void FormTextReader::collection(FormProperty::Pieces& pieces, FormProperty* property)
+void FormTextReader::Collection(FormProperty::Pieces& pieces, FormProperty* property)
 {
-    enter();
-    advance();
-    pieces.isCollection = true;
-    pieces.value = upTo(m_tokenEnd);
-    const auto base = m_nodes.size();
-    while (!m_token.is('>'))
-        m_nodes.push_back(item());
-    advance();
-    pieces.close = upTo(m_tokenEnd);
-    pieces.items = m_tree.keep(std::span(m_nodes).subspan(base));
-    m_nodes.resize(base);
-    m_tree.setPieces(*property, pieces);
-    leave();
+    Enter();
+    Advance();
+    pieces.IsCollection = true;
+    pieces.Value = UpTo(FTokenEnd);
+    const auto base = FNodes.size();
+    while (!FToken.Is('>'))
+        FNodes.push_back(Item());
+    Advance();
+    pieces.Close = UpTo(FTokenEnd);
+    pieces.Items = FTree.Keep(std::span(FNodes).subspan(base));
+    FNodes.resize(base);
+    FTree.SetPieces(*property, pieces);
+    Leave();
 }
 
-FormNode* FormTextReader::item()
+FormNode* FormTextReader::Item()
 {
-    if (!isWord("item"))
-        failExpected(u"\"item\", or > at the end of the collection"_s);
-    auto* node = m_tree.makeNode(FormNode::Kind::Item);
-    advance();
+    if (!IsWord("item"))
+        FailExpected(u"\"item\", or > at the end of the collection"_s);
+    auto* node = FTree.MakeNode(FormNode::Kind::Item);
+    Advance();
     FormNode::Header header;
-    if (m_token.is('['))
-        header.index = index();
-    header.bytes = upTo(endOfLine(m_tokenEnd));
-    m_tree.setHeader(*node, header);
-    body(*node, false);
-    advance();
-    m_tree.setFrame(*node, {}, upTo(m_tokenEnd));
+    if (FToken.Is('['))
+        header.Index = Index();
+    header.Bytes = UpTo(EndOfLine(FTokenEnd));
+    FTree.SetHeader(*node, header);
+    Body(*node, false);
+    Advance();
+    FTree.SetFrame(*node, {}, UpTo(FTokenEnd));
     return node;
 }
 
-void FormTextReader::expectMark(char mark, const char* advice)
+void FormTextReader::ExpectMark(char mark, const char* advice)
 {
-    if (!m_token.is(mark))
-        failExpected(u"\"%1\" (%2)"_s.arg(QLatin1Char(mark)).arg(QLatin1StringView(advice)));
-    advance();
+    if (!FToken.Is(mark))
+        FailExpected(u"\"%1\" (%2)"_s.arg(QLatin1Char(mark)).arg(QLatin1StringView(advice)));
+    Advance();
 }
 
-QString FormTextReader::found() const
+QString FormTextReader::Found() const
 {
-    const auto text = m_lexer.text(m_token);
-    return m_tree.encoding.decode(text.first(std::min<qsizetype>(text.size(), 40)));
+    const auto text = FLexer.Text(FToken);
+    return FTree.Encoding.Decode(text.first(std::min<qsizetype>(text.size(), 40)));
 }
 
-void FormTextReader::failExpected(const QString& what)
+void FormTextReader::FailExpected(const QString& what)
 {
-    if (m_token.kind == FormToken::Kind::End)
-        fail(u"the file ends where %1 should stand; it is cut off, take it from a backup"_s.arg(what));
-    fail(u"\"%1\" where %2 should stand; write that there"_s.arg(found(), what));
+    if (FToken.Type == FormToken::Kind::End)
+        Fail(u"the file ends where %1 should stand; it is cut off, take it from a backup"_s.arg(what));
+    Fail(u"\"%1\" where %2 should stand; write that there"_s.arg(Found(), what));
 }
 
-void FormTextReader::fail(const QString& message)
+void FormTextReader::Fail(const QString& message)
 {
-    m_error = formErrorAt(m_tree.source(), m_tree.prefix.size(), m_tree.encoding, m_token.begin, message);
+    FError = FormErrorAt(FTree.Source(), FTree.Prefix.size(), FTree.Encoding, FToken.Begin, message);
     throw Failure();
 }

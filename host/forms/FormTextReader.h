@@ -13,52 +13,52 @@ class FormTextReader {
 public:
     // The deepest nesting of objects, items and lists that is read. Beyond it, code that walks a form could run out
     // of stack; no form that a person made comes near.
-    static constexpr int maximumDepth = 1000;
+    static constexpr int MaximumDepth = 1000;
 
     // `start` is where the text begins in the tree's bytes, behind a mark.
     FormTextReader(FormTree& tree, qsizetype start);
 
     // Fills the tree; on failure returns what stood in the way (without the file's name).
-    std::optional<FormError> read();
+    std::optional<FormError> Read();
 
 private:
     struct Failure { };
 
-    FormNode* object();
+    FormNode* Object();
     void header(FormNode& node);
-    std::optional<int> index();
-    void body(FormNode& node, bool isObject);
-    void children(FormNode& node);
-    FormProperty* property(FormNode& owner);
-    QByteArrayView dottedName(const char* what, bool isClass = false);
-    void value(FormProperty::Pieces& pieces, FormProperty* property);
-    void skipValue();
-    void skipString();
-    void skipSet();
-    void skipList();
-    void skipCollection();
-    void collection(FormProperty::Pieces& pieces, FormProperty* property);
-    FormNode* item();
+    std::optional<int> Index();
+    void Body(FormNode& node, bool isObject);
+    void Children(FormNode& node);
+    FormProperty* Property(FormNode& owner);
+    QByteArrayView DottedName(const char* what, bool isClass = false);
+    void Value(FormProperty::Pieces& pieces, FormProperty* property);
+    void SkipValue();
+    void SkipString();
+    void SkipSet();
+    void SkipList();
+    void SkipCollection();
+    void Collection(FormProperty::Pieces& pieces, FormProperty* property);
+    FormNode* Item();
 
-    void advance();
-    bool isWord(const char* word) const;
-    bool endsBody(bool isObject) const;
-    void expectMark(char mark, const char* advice);
-    [[noreturn]] void fail(const QString& message);
-    [[noreturn]] void failExpected(const QString& what);
-    QString found() const;
-    qsizetype endOfLine(qsizetype at) const;
-    QByteArrayView upTo(qsizetype end); // the bytes from the last piece to here
-    void enter();
-    void leave() { --m_depth; }
+    void Advance();
+    bool IsWord(const char* word) const;
+    bool EndsBody(bool isObject) const;
+    void ExpectMark(char mark, const char* advice);
+    [[noreturn]] void Fail(const QString& message);
+    [[noreturn]] void FailExpected(const QString& what);
+    QString Found() const;
+    qsizetype EndOfLine(qsizetype at) const;
+    QByteArrayView UpTo(qsizetype end); // the bytes from the last piece to here
+    void Enter();
+    void Leave() { --FDepth; }
 
-    FormTree& m_tree;
-    FormLexer m_lexer;
-    FormToken m_token;
-    qsizetype m_tokenEnd = 0; // of the token before m_token
-    qsizetype m_pieceStart;
-    int m_depth = 0;
-    std::vector<FormProperty*> m_properties; // of the bodies being read, innermost last
-    std::vector<FormNode*> m_nodes; // likewise children and items
-    std::optional<FormError> m_error;
+    FormTree& FTree;
+    FormLexer FLexer;
+    FormToken FToken;
+    qsizetype FTokenEnd = 0; // of the token before FToken
+    qsizetype FPieceStart;
+    int FDepth = 0;
+    std::vector<FormProperty*> FProperties; // of the bodies being read, innermost last
+    std::vector<FormNode*> FNodes; // likewise children and items
+    std::optional<FormError> FError;
 };

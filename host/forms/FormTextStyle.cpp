@@ -7,7 +7,7 @@
 
 namespace {
 
-QByteArray firstLineEnd(QByteArrayView bytes)
+QByteArray FirstLineEnd(QByteArrayView bytes)
 {
     const auto at = bytes.indexOf('\n');
     if (at > 0 && bytes[at - 1] == '\r')
@@ -17,83 +17,83 @@ QByteArray firstLineEnd(QByteArrayView bytes)
     return bytes.contains('\r') ? "\r" : "\r\n";
 }
 
-QByteArray stepOf(const FormNode& root)
+QByteArray StepOf(const FormNode& root)
 {
-    const auto outer = formIndentOf(root.header().bytes);
+    const auto outer = FormIndentOf(root.TheHeader().Bytes);
     QByteArray inner;
-    if (!root.properties().empty())
-        inner = formIndentOf(root.properties().front()->pieces().lead);
-    else if (!root.children().empty())
-        inner = formIndentOf(root.children().front()->header().bytes);
+    if (!root.Properties().empty())
+        inner = FormIndentOf(root.Properties().front()->ThePieces().Lead);
+    else if (!root.Children().empty())
+        inner = FormIndentOf(root.Children().front()->TheHeader().Bytes);
     return inner.size() > outer.size() && inner.startsWith(outer) ? inner.mid(outer.size()) : QByteArrayLiteral("  ");
 }
 
-bool isReal(QByteArrayView value)
+bool IsReal(QByteArrayView value)
 {
     return !value.isEmpty() && (value[0] == '-' || (value[0] >= '0' && value[0] <= '9')) && value.contains('.');
 }
 
 // What the first list, number, string and place that can tell say about the hand.
 struct Probe {
-    std::optional<bool> ownLineClose;
-    std::optional<bool> paddedReals;
-    std::optional<bool> breakStrings;
-    std::optional<bool> tightIndex;
+    std::optional<bool> OwnLineClose;
+    std::optional<bool> PaddedReals;
+    std::optional<bool> BreakStrings;
+    std::optional<bool> TightIndex;
 
-    bool isDone() const { return ownLineClose && paddedReals && breakStrings && tightIndex; }
+    bool IsDone() const { return OwnLineClose && PaddedReals && BreakStrings && TightIndex; }
 
-    void look(const FormNode& node)
+    void Look(const FormNode& node)
     {
-        if (isDone())
+        if (IsDone())
             return;
-        if (node.index() && !node.className().isEmpty() && !tightIndex)
-            tightIndex = node.header().bytes[node.header().bytes.indexOf('[') - 1] != ' ';
-        for (const auto* property : node.properties()) {
-            lookAtValue(property->valueBytes());
-            for (const auto* item : property->items())
-                look(*item);
+        if (node.Index() && !node.ClassName().isEmpty() && !TightIndex)
+            TightIndex = node.TheHeader().Bytes[node.TheHeader().Bytes.indexOf('[') - 1] != ' ';
+        for (const auto* property : node.Properties()) {
+            LookAtValue(property->ValueBytes());
+            for (const auto* item : property->Items())
+                Look(*item);
         }
-        for (const auto* child : node.children())
-            look(*child);
+        for (const auto* child : node.Children())
+            Look(*child);
     }
 
 private:
-    void lookAtValue(QByteArrayView value)
+    void LookAtValue(QByteArrayView value)
     {
-        if (!ownLineClose && value.startsWith('(') && value.contains('\n'))
-            ownLineClose = FormLexer::isBlank(value[value.size() - 2]);
-        else if (!paddedReals && isReal(value))
-            paddedReals = value.size() - value.indexOf('.') > 18;
-        else if (!breakStrings && value.startsWith('\'') && value.size() > 66)
-            breakStrings = value.contains('\n');
+        if (!OwnLineClose && value.startsWith('(') && value.contains('\n'))
+            OwnLineClose = FormLexer::IsBlank(value[value.size() - 2]);
+        else if (!PaddedReals && IsReal(value))
+            PaddedReals = value.size() - value.indexOf('.') > 18;
+        else if (!BreakStrings && value.startsWith('\'') && value.size() > 66)
+            BreakStrings = value.contains('\n');
     }
 };
 
 }
 
-QByteArray formIndentOf(QByteArrayView piece)
+QByteArray FormIndentOf(QByteArrayView piece)
 {
     qsizetype start = 0;
     qsizetype at = 0;
-    for (; at < piece.size() && FormLexer::isBlank(piece[at]); ++at)
+    for (; at < piece.size() && FormLexer::IsBlank(piece[at]); ++at)
         if (piece[at] == '\n' || piece[at] == '\r')
             start = at + 1;
     return piece.sliced(start, at - start).toByteArray();
 }
 
-FormTextStyle formStyleOf(const FormTree& tree, const QString& fileName)
+FormTextStyle FormStyleOf(const FormTree& tree, const QString& fileName)
 {
-    const bool loose = tree.rawStrings || fileName.endsWith(QLatin1StringView(".lfm"), Qt::CaseInsensitive);
+    const bool loose = tree.RawStrings || fileName.endsWith(QLatin1StringView(".lfm"), Qt::CaseInsensitive);
     Probe probe;
-    probe.look(*tree.root);
+    probe.Look(*tree.Root);
     FormTextStyle style;
-    style.lineEnd = firstLineEnd(tree.source());
-    style.step = stepOf(*tree.root);
-    style.encoding = tree.encoding;
-    style.rawStrings = loose && tree.encoding.isUtf8();
-    style.breakStrings = probe.breakStrings.value_or(!loose);
-    style.paddedReals = probe.paddedReals.value_or(!loose);
-    style.tightIndex = probe.tightIndex.value_or(loose);
-    style.ownLineClose = probe.ownLineClose.value_or(loose);
+    style.LineEnd = FirstLineEnd(tree.Source());
+    style.Step = StepOf(*tree.Root);
+    style.Encoding = tree.Encoding;
+    style.RawStrings = loose && tree.Encoding.IsUtf8();
+    style.BreakStrings = probe.BreakStrings.value_or(!loose);
+    style.PaddedReals = probe.PaddedReals.value_or(!loose);
+    style.TightIndex = probe.TightIndex.value_or(loose);
+    style.OwnLineClose = probe.OwnLineClose.value_or(loose);
     return style;
 }

@@ -4,12 +4,12 @@
 
 namespace {
 
-bool isKeyword(QByteArrayView text, const char* word)
+bool IsKeyword(QByteArrayView text, const char* word)
 {
     return text.compare(word, Qt::CaseInsensitive) == 0;
 }
 
-FormValue::Kind realKind(char last)
+FormValue::Kind RealKind(char last)
 {
     switch (last | 0x20) {
     case 's':
@@ -26,201 +26,201 @@ FormValue::Kind realKind(char last)
 // Gathers the parts of a string: as bytes while it is narrow, and as characters.
 struct StringParts {
     explicit StringParts(const FormEncoding& encoding)
-        : encoding(encoding)
+        : Encoding(encoding)
     {
     }
 
-    void add(QByteArrayView run)
+    void Add(QByteArrayView run)
     {
         for (qsizetype at = 0; at < run.size();)
-            at = run[at] == '#' ? addNumber(run, at + 1) : addQuoted(run, at);
+            at = run[at] == '#' ? AddNumber(run, at + 1) : AddQuoted(run, at);
     }
 
-    FormValue value()
+    FormValue Value()
     {
-        flush();
-        return wide ? FormValue::string(text, FormValue::StringWidth::Wide) : FormValue::narrowString(text, bytes);
+        Flush();
+        return Wide ? FormValue::String(Text, FormValue::StringWidth::Wide) : FormValue::NarrowString(Text, Bytes);
     }
 
 private:
-    qsizetype addNumber(QByteArrayView run, qsizetype at)
+    qsizetype AddNumber(QByteArrayView run, qsizetype at)
     {
         int number = 0;
         for (; at < run.size() && run[at] >= '0' && run[at] <= '9'; ++at)
             number = number * 10 + (run[at] - '0');
         if (number < 0x80) {
-            raw += char(number);
+            Raw += char(number);
             return at;
         }
-        flush();
-        wide = true;
-        text += QChar(static_cast<char16_t>(number));
+        Flush();
+        Wide = true;
+        Text += QChar(static_cast<char16_t>(number));
         return at;
     }
 
     // From a quote to the next; two quotes in a row stand for one.
-    qsizetype addQuoted(QByteArrayView run, qsizetype at)
+    qsizetype AddQuoted(QByteArrayView run, qsizetype at)
     {
         if (at > 0 && run[at - 1] == '\'')
-            raw += '\'';
+            Raw += '\'';
         const auto end = run.indexOf('\'', at + 1);
         if (end < 0)
             return run.size();
-        raw += run.sliced(at + 1, end - at - 1);
+        Raw += run.sliced(at + 1, end - at - 1);
         return end + 1;
     }
 
-    void flush()
+    void Flush()
     {
-        text += encoding.decode(raw);
-        bytes += raw;
-        raw.clear();
+        Text += Encoding.Decode(Raw);
+        Bytes += Raw;
+        Raw.clear();
     }
 
-    FormEncoding encoding;
-    QByteArray raw;
-    QByteArray bytes;
-    QString text;
-    bool wide = false;
+    FormEncoding Encoding;
+    QByteArray Raw;
+    QByteArray Bytes;
+    QString Text;
+    bool Wide = false;
 };
 
 }
 
 FormTextValue::FormTextValue(QByteArrayView spelling, const FormEncoding& encoding)
-    : m_encoding(encoding)
-    , m_lexer(spelling)
+    : FEncoding(encoding)
+    , FLexer(spelling)
 {
 }
 
-FormValue FormTextValue::read()
+FormValue FormTextValue::Read()
 {
-    advance();
-    auto found = value();
-    found.setSpelling(m_lexer.bytes().toByteArray());
+    Advance();
+    auto found = Value();
+    found.SetSpelling(FLexer.Bytes().toByteArray());
     return found;
 }
 
-FormValue FormTextValue::value()
+FormValue FormTextValue::Value()
 {
-    switch (m_token.kind) {
+    switch (FToken.Type) {
     case FormToken::Kind::Symbol:
-        return symbol();
+        return Symbol();
     case FormToken::Kind::Integer:
     case FormToken::Kind::Real:
-        return number();
+        return Number();
     case FormToken::Kind::String:
-        return string();
+        return String();
     case FormToken::Kind::Binary: {
-        const auto digits = m_lexer.text(m_token);
-        advance();
-        return FormValue::binary(QByteArray::fromHex(digits.toByteArray()));
+        const auto digits = FLexer.Text(FToken);
+        Advance();
+        return FormValue::Binary(QByteArray::fromHex(digits.toByteArray()));
     }
     default:
         break;
     }
-    if (m_token.is('['))
-        return set();
-    if (m_token.is('('))
-        return list();
-    if (m_token.is('<'))
-        return collection();
-    advance();
+    if (FToken.Is('['))
+        return Set();
+    if (FToken.Is('('))
+        return List();
+    if (FToken.Is('<'))
+        return Collection();
+    Advance();
     return {};
 }
 
-FormValue FormTextValue::symbol()
+FormValue FormTextValue::Symbol()
 {
-    const auto first = m_lexer.text(m_token);
-    const auto whole = name();
+    const auto first = FLexer.Text(FToken);
+    const auto whole = Name();
     if (whole.contains(u'.'))
-        return FormValue::identifier(whole);
-    if (isKeyword(first, "true") || isKeyword(first, "false"))
-        return FormValue::boolean(isKeyword(first, "true"));
-    if (isKeyword(first, "nil"))
-        return FormValue::nil();
-    return isKeyword(first, "null") ? FormValue() : FormValue::identifier(whole);
+        return FormValue::Identifier(whole);
+    if (IsKeyword(first, "true") || IsKeyword(first, "false"))
+        return FormValue::Boolean(IsKeyword(first, "true"));
+    if (IsKeyword(first, "nil"))
+        return FormValue::Nil();
+    return IsKeyword(first, "null") ? FormValue() : FormValue::Identifier(whole);
 }
 
-QString FormTextValue::name()
+QString FormTextValue::Name()
 {
-    auto whole = m_encoding.decode(m_lexer.text(m_token));
-    advance();
-    while (m_token.is('.')) {
-        advance();
-        whole += u'.' + m_encoding.decode(m_lexer.text(m_token));
-        advance();
+    auto whole = FEncoding.Decode(FLexer.Text(FToken));
+    Advance();
+    while (FToken.Is('.')) {
+        Advance();
+        whole += u'.' + FEncoding.Decode(FLexer.Text(FToken));
+        Advance();
     }
     return whole;
 }
 
-FormValue FormTextValue::number()
+FormValue FormTextValue::Number()
 {
-    const auto digits = m_lexer.text(m_token);
-    const bool whole = m_token.kind == FormToken::Kind::Integer;
-    advance();
+    const auto digits = FLexer.Text(FToken);
+    const bool whole = FToken.Type == FormToken::Kind::Integer;
+    Advance();
     if (whole)
-        return FormValue::integer(FormNumber::parseInteger(digits).value_or(0));
-    return FormValue::real(FormNumber::parse(digits), realKind(digits.back()));
+        return FormValue::Integer(FormNumber::ParseInteger(digits).value_or(0));
+    return FormValue::Real(FormNumber::Parse(digits), RealKind(digits.back()));
 }
 
-FormValue FormTextValue::string()
+FormValue FormTextValue::String()
 {
-    StringParts parts(m_encoding);
-    parts.add(m_lexer.text(m_token));
-    advance();
-    while (m_token.is('+')) {
-        advance();
-        parts.add(m_lexer.text(m_token));
-        advance();
+    StringParts parts(FEncoding);
+    parts.Add(FLexer.Text(FToken));
+    Advance();
+    while (FToken.Is('+')) {
+        Advance();
+        parts.Add(FLexer.Text(FToken));
+        Advance();
     }
-    return parts.value();
+    return parts.Value();
 }
 
-FormValue FormTextValue::set()
+FormValue FormTextValue::Set()
 {
     QStringList names;
-    for (advance(); m_token.kind == FormToken::Kind::Symbol;) {
-        names << name();
-        if (m_token.is(','))
-            advance();
+    for (Advance(); FToken.Type == FormToken::Kind::Symbol;) {
+        names << Name();
+        if (FToken.Is(','))
+            Advance();
     }
-    advance();
-    return FormValue::set(names);
+    Advance();
+    return FormValue::Set(names);
 }
 
-FormValue FormTextValue::list()
+FormValue FormTextValue::List()
 {
     QList<FormValue> values;
-    for (advance(); !m_token.is(')') && m_token.kind != FormToken::Kind::End;)
-        values << value();
-    advance();
-    return FormValue::list(values);
+    for (Advance(); !FToken.Is(')') && FToken.Type != FormToken::Kind::End;)
+        values << Value();
+    Advance();
+    return FormValue::List(values);
 }
 
-FormValue FormTextValue::collection()
+FormValue FormTextValue::Collection()
 {
     QList<FormItem> items;
-    for (advance(); m_token.kind == FormToken::Kind::Symbol;)
-        items << item();
-    advance();
-    return FormValue::collection(items);
+    for (Advance(); FToken.Type == FormToken::Kind::Symbol;)
+        items << Item();
+    Advance();
+    return FormValue::Collection(items);
 }
 
-FormItem FormTextValue::item()
+FormItem FormTextValue::Item()
 {
     FormItem made;
-    advance();
-    if (m_token.is('[')) {
-        advance();
-        made.index = static_cast<int>(FormNumber::parseInteger(m_lexer.text(m_token)).value_or(0));
-        advance();
-        advance();
+    Advance();
+    if (FToken.Is('[')) {
+        Advance();
+        made.Index = static_cast<int>(FormNumber::ParseInteger(FLexer.Text(FToken)).value_or(0));
+        Advance();
+        Advance();
     }
-    while (m_token.kind == FormToken::Kind::Symbol && !isKeyword(m_lexer.text(m_token), "end")) {
-        const auto property = name();
-        advance();
-        made.properties << FormItemProperty { property, value() };
+    while (FToken.Type == FormToken::Kind::Symbol && !IsKeyword(FLexer.Text(FToken), "end")) {
+        const auto property = Name();
+        Advance();
+        made.Properties << FormItemProperty { property, Value() };
     }
-    advance();
+    Advance();
     return made;
 }

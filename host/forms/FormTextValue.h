@@ -10,21 +10,21 @@ class FormTextValue {
 public:
     FormTextValue(QByteArrayView spelling, const FormEncoding& encoding);
 
-    FormValue read();
+    FormValue Read();
 
 private:
-    void advance() { m_token = m_lexer.next(); }
-    FormValue value();
-    FormValue symbol();
-    FormValue number();
-    FormValue string();
-    FormValue set();
-    FormValue list();
-    FormValue collection();
-    FormItem item();
-    QString name();
+    void Advance() { FToken = FLexer.Next(); }
+    FormValue Value();
+    FormValue Symbol();
+    FormValue Number();
+    FormValue String();
+    FormValue Set();
+    FormValue List();
+    FormValue Collection();
+    FormItem Item();
+    QString Name();
 
-    FormEncoding m_encoding;
-    FormLexer m_lexer;
-    FormToken m_token;
+    FormEncoding FEncoding;
+    FormLexer FLexer;
+    FormToken FToken;
 };

@@ -6,89 +6,89 @@
 
 namespace {
 
-constexpr qsizetype smallestBlock = 4096;
+constexpr qsizetype SmallestBlock = 4096;
 
 }
 
 FormTree::FormTree(QByteArray source)
-    : m_source(std::move(source))
-    , m_memory(size_t(std::max(smallestBlock, m_source.size())))
+    : FSource(std::move(source))
+    , FMemory(size_t(std::max(SmallestBlock, FSource.size())))
 {
 }
 
 template <typename T>
-T* FormTree::make()
+T* FormTree::Make()
 {
     static_assert(std::is_trivially_destructible_v<T>);
-    return new (m_memory.allocate(sizeof(T), alignof(T))) T();
+    return new (FMemory.allocate(sizeof(T), alignof(T))) T();
 }
 
-FormNode* FormTree::makeNode(FormNode::Kind kind)
+FormNode* FormTree::MakeNode(FormNode::Kind kind)
 {
-    auto* node = make<FormNode>();
-    node->m_kind = kind;
-    node->m_tree = this;
+    auto* node = Make<FormNode>();
+    node->FKind = kind;
+    node->FTree = this;
     return node;
 }
 
-FormProperty* FormTree::makeProperty(FormNode* owner)
+FormProperty* FormTree::MakeProperty(FormNode* owner)
 {
-    auto* property = make<FormProperty>();
-    property->m_owner = owner;
+    auto* property = Make<FormProperty>();
+    property->FOwner = owner;
     return property;
 }
 
-QByteArrayView FormTree::keep(QByteArrayView bytes)
+QByteArrayView FormTree::Keep(QByteArrayView bytes)
 {
     if (bytes.isEmpty())
         return {};
-    auto* place = static_cast<char*>(m_memory.allocate(size_t(bytes.size()), 1));
+    auto* place = static_cast<char*>(FMemory.allocate(size_t(bytes.size()), 1));
     std::memcpy(place, bytes.data(), size_t(bytes.size()));
     return { place, bytes.size() };
 }
 
-std::span<FormNode* const> FormTree::keep(std::span<FormNode* const> nodes)
+std::span<FormNode* const> FormTree::Keep(std::span<FormNode* const> nodes)
 {
     if (nodes.empty())
         return {};
-    auto* place = static_cast<FormNode**>(m_memory.allocate(nodes.size_bytes(), alignof(FormNode*)));
+    auto* place = static_cast<FormNode**>(FMemory.allocate(nodes.size_bytes(), alignof(FormNode*)));
     std::copy(nodes.begin(), nodes.end(), place);
     return { place, nodes.size() };
 }
 
-std::span<FormProperty* const> FormTree::keep(std::span<FormProperty* const> properties)
+std::span<FormProperty* const> FormTree::Keep(std::span<FormProperty* const> properties)
 {
     if (properties.empty())
         return {};
-    auto* place = static_cast<FormProperty**>(m_memory.allocate(properties.size_bytes(), alignof(FormProperty*)));
+    auto* place = static_cast<FormProperty**>(FMemory.allocate(properties.size_bytes(), alignof(FormProperty*)));
     std::copy(properties.begin(), properties.end(), place);
     return { place, properties.size() };
 }
 
-void FormTree::setFrame(FormNode& node, QByteArrayView middle, QByteArrayView footer)
+void FormTree::SetFrame(FormNode& node, QByteArrayView middle, QByteArrayView footer)
 {
-    node.m_middle = middle;
-    node.m_footer = footer;
+    node.FMiddle = middle;
+    node.FFooter = footer;
 }
 
-void FormTree::setChildren(FormNode& node, std::span<FormNode* const> children)
+void FormTree::SetChildren(FormNode& node, std::span<FormNode* const> children)
 {
-    for (auto* child : node.m_children)
-        child->m_parent = nullptr;
-    node.m_children = children;
+    for (auto* child : node.FChildren)
+        child->FParent = nullptr;
+    node.FChildren = children;
     for (auto* child : children)
-        child->m_parent = &node;
+        child->FParent = &node;
 }
 
-void FormTree::setPieces(FormProperty& property, const FormProperty::Pieces& pieces)
+void FormTree::SetPieces(FormProperty& property, const FormProperty::Pieces& pieces)
 {
-    for (auto* item : property.m_pieces.items) {
-        item->m_parent = nullptr;
-        item->m_collection = nullptr;
+    for (auto* item : property.FPieces.Items) {
+        item->FParent = nullptr;
+        item->FCollection = nullptr;
     }
-    property.m_pieces = pieces;
-    for (auto* item : pieces.items) {
-        item->m_parent = property.m_owner;
-        item->m_collection = &property;
+    property.FPieces = pieces;
+    for (auto* item : pieces.Items) {
+        item->FParent = property.FOwner;
+        item->FCollection = &property;
     }
 }

@@ -18,35 +18,35 @@ public:
     explicit FormTree(QByteArray source);
     FormTree(FormTree&&) = delete;
 
-    QByteArrayView source() const { return m_source; }
+    QByteArrayView Source() const { return FSource; }
 
-    FormFormat format = FormFormat::Text;
-    FormEncoding encoding;
-    QByteArrayView prefix; // before the root: a mark, the resource header, the signature
-    QByteArrayView suffix; // behind the root
-    qsizetype wrapped = 0; // size of the resource header around a binary form, 0 without one
-    bool doubles = true; // value type 21 of a binary form: a double, else a string
-    bool rawStrings = false; // strings hold characters above 127 as they are
-    FormNode* root = nullptr;
+    FormFormat Format = FormFormat::Text;
+    FormEncoding Encoding;
+    QByteArrayView Prefix; // before the root: a mark, the resource header, the signature
+    QByteArrayView Suffix; // behind the root
+    qsizetype Wrapped = 0; // size of the resource header around a binary form, 0 without one
+    bool Doubles = true; // value type 21 of a binary form: a double, else a string
+    bool RawStrings = false; // strings hold characters above 127 as they are
+    FormNode* Root = nullptr;
 
-    FormNode* makeNode(FormNode::Kind kind);
-    FormProperty* makeProperty(FormNode* owner);
-    QByteArrayView keep(QByteArrayView bytes); // a copy that lives as long as the tree
-    std::span<FormNode* const> keep(std::span<FormNode* const> nodes);
-    std::span<FormProperty* const> keep(std::span<FormProperty* const> properties);
+    FormNode* MakeNode(FormNode::Kind kind);
+    FormProperty* MakeProperty(FormNode* owner);
+    QByteArrayView Keep(QByteArrayView bytes); // a copy that lives as long as the tree
+    std::span<FormNode* const> Keep(std::span<FormNode* const> nodes);
+    std::span<FormProperty* const> Keep(std::span<FormProperty* const> properties);
 
-    void setKind(FormNode& node, FormNode::Kind kind) { node.m_kind = kind; }
-    void setHeader(FormNode& node, const FormNode::Header& header) { node.m_header = header; }
-    void setFrame(FormNode& node, QByteArrayView middle, QByteArrayView footer);
-    void setProperties(FormNode& node, std::span<FormProperty* const> properties) { node.m_properties = properties; }
-    void setChildren(FormNode& node, std::span<FormNode* const> children); // adopts them, lets the old ones go
-    void setPieces(FormProperty& property, const FormProperty::Pieces& pieces); // adopts the items
-    FormDocument* document = nullptr; // that owns this tree; nil while a reader builds it
+    void SetKind(FormNode& node, FormNode::Kind kind) { node.FKind = kind; }
+    void SetHeader(FormNode& node, const FormNode::Header& header) { node.FHeader = header; }
+    void SetFrame(FormNode& node, QByteArrayView middle, QByteArrayView footer);
+    void SetProperties(FormNode& node, std::span<FormProperty* const> properties) { node.FProperties = properties; }
+    void SetChildren(FormNode& node, std::span<FormNode* const> children); // adopts them, lets the old ones go
+    void SetPieces(FormProperty& property, const FormProperty::Pieces& pieces); // adopts the items
+    FormDocument* Document = nullptr; // that owns this tree; nil while a reader builds it
 
 private:
     template <typename T>
-    T* make();
+    T* Make();
 
-    QByteArray m_source;
-    std::pmr::monotonic_buffer_resource m_memory;
+    QByteArray FSource;
+    std::pmr::monotonic_buffer_resource FMemory;
 };

@@ -6,81 +6,81 @@
 
 #include <algorithm>
 
-FormValue FormValue::real(double value)
+FormValue FormValue::Real(double value)
 {
-    return real(FormNumber::parse(QByteArray::number(value, 'g', QLocale::FloatingPointShortest)), Kind::Real);
+    return Real(FormNumber::Parse(QByteArray::number(value, 'g', QLocale::FloatingPointShortest)), Kind::Real);
 }
 
-FormValue FormValue::real(long double value, Kind kind)
+FormValue FormValue::Real(long double value, Kind kind)
 {
     return FormValue(kind, value);
 }
 
-FormValue FormValue::string(const QString& text)
+FormValue FormValue::String(const QString& text)
 {
     const bool ascii = std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
-    return ascii ? narrowString(text, text.toLatin1()) : string(text, StringWidth::Wide);
+    return ascii ? NarrowString(text, text.toLatin1()) : String(text, StringWidth::Wide);
 }
 
-FormValue FormValue::narrowString(const QString& text, const QByteArray& bytes)
+FormValue FormValue::NarrowString(const QString& text, const QByteArray& bytes)
 {
-    return FormValue(Kind::String, Text { text, bytes, StringWidth::Narrow });
+    return FormValue(Kind::String, StringContent { text, bytes, StringWidth::Narrow });
 }
 
-FormValue FormValue::string(const QString& text, StringWidth width)
+FormValue FormValue::String(const QString& text, StringWidth width)
 {
-    return FormValue(Kind::String, Text { text, {}, width });
+    return FormValue(Kind::String, StringContent { text, {}, width });
 }
 
-FormValue FormValue::strings(const QStringList& lines)
+FormValue FormValue::Strings(const QStringList& lines)
 {
     QList<FormValue> values;
     values.reserve(lines.size());
     for (const auto& line : lines)
-        values << string(line);
-    return list(values);
+        values << String(line);
+    return List(values);
 }
 
-long double FormValue::toReal() const
+long double FormValue::ToReal() const
 {
-    if (m_kind == Kind::Integer)
-        return static_cast<long double>(toInteger());
-    return get<long double>();
+    if (FKind == Kind::Integer)
+        return static_cast<long double>(ToInteger());
+    return Get<long double>();
 }
 
-QString FormValue::toString() const
+QString FormValue::ToString() const
 {
-    return m_kind == Kind::String ? get<Text>().text : get<QString>();
+    return FKind == Kind::String ? Get<StringContent>().Text : Get<QString>();
 }
 
-QStringList FormValue::toStringList() const
+QStringList FormValue::ToStringList() const
 {
-    if (m_kind == Kind::Set)
-        return get<QStringList>();
+    if (FKind == Kind::Set)
+        return Get<QStringList>();
     QStringList lines;
-    for (const auto& value : toList())
-        lines << value.toString();
+    for (const auto& value : ToList())
+        lines << value.ToString();
     return lines;
 }
 
 bool FormValue::operator==(const FormValue& other) const
 {
-    if (m_kind != other.m_kind)
+    if (FKind != other.FKind)
         return false;
-    if (m_kind == Kind::String)
-        return toString() == other.toString();
+    if (FKind == Kind::String)
+        return ToString() == other.ToString();
     return std::visit(
         [&other](const auto& content) {
             using T = std::decay_t<decltype(content)>;
-            if constexpr (std::is_same_v<T, Text>)
+            if constexpr (std::is_same_v<T, StringContent>)
                 return false;
             else
-                return content == std::get<T>(other.m_content);
+                return content == std::get<T>(other.FContent);
         },
-        m_content);
+        FContent);
 }
 
 bool operator==(const FormItem& one, const FormItem& other)
 {
-    return one.index == other.index && one.properties == other.properties;
+    return one.Index == other.Index && one.Properties == other.Properties;
 }

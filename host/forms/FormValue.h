@@ -15,8 +15,8 @@ struct FormItemProperty;
 
 // One item of a collection value that stands on its own. (In a document, items are FormNodes.)
 struct FormItem {
-    std::optional<int> index; // item [n]
-    QList<FormItemProperty> properties;
+    std::optional<int> Index; // item [n]
+    QList<FormItemProperty> Properties;
 };
 
 // What a property holds: a value of its own, not tied to a document, copied freely.
@@ -45,74 +45,74 @@ public:
 
     FormValue() = default; // Null
 
-    static FormValue nil() { return FormValue(Kind::Nil, std::monostate()); }
-    static FormValue boolean(bool value) { return FormValue(Kind::Boolean, value); }
-    static FormValue integer(qint64 value) { return FormValue(Kind::Integer, value); }
-    static FormValue real(double value); // the shortest decimal that means this double
-    static FormValue real(long double value, Kind kind);
-    static FormValue string(const QString& text);
-    static FormValue narrowString(const QString& text, const QByteArray& bytes);
-    static FormValue string(const QString& text, StringWidth width);
-    static FormValue identifier(const QString& name) { return FormValue(Kind::Identifier, name); }
-    static FormValue set(const QStringList& names) { return FormValue(Kind::Set, names); }
-    static FormValue list(const QList<FormValue>& values) { return FormValue(Kind::List, values); }
-    static FormValue strings(const QStringList& lines); // a list of strings, as X.Strings has it
-    static FormValue collection(const QList<FormItem>& items) { return FormValue(Kind::Collection, items); }
-    static FormValue binary(const QByteArray& data) { return FormValue(Kind::Binary, data); }
+    static FormValue Nil() { return FormValue(Kind::Nil, std::monostate()); }
+    static FormValue Boolean(bool value) { return FormValue(Kind::Boolean, value); }
+    static FormValue Integer(qint64 value) { return FormValue(Kind::Integer, value); }
+    static FormValue Real(double value); // the shortest decimal that means this double
+    static FormValue Real(long double value, Kind kind);
+    static FormValue String(const QString& text);
+    static FormValue NarrowString(const QString& text, const QByteArray& bytes);
+    static FormValue String(const QString& text, StringWidth width);
+    static FormValue Identifier(const QString& name) { return FormValue(Kind::Identifier, name); }
+    static FormValue Set(const QStringList& names) { return FormValue(Kind::Set, names); }
+    static FormValue List(const QList<FormValue>& values) { return FormValue(Kind::List, values); }
+    static FormValue Strings(const QStringList& lines); // a list of strings, as X.Strings has it
+    static FormValue Collection(const QList<FormItem>& items) { return FormValue(Kind::Collection, items); }
+    static FormValue Binary(const QByteArray& data) { return FormValue(Kind::Binary, data); }
 
-    Kind kind() const { return m_kind; }
-    bool isReal() const { return m_kind >= Kind::Real && m_kind <= Kind::Date; }
+    Kind TheKind() const { return FKind; }
+    bool IsReal() const { return FKind >= Kind::Real && FKind <= Kind::Date; }
 
     // Each answers for its kind, and the empty value of its type for every other kind.
-    bool toBool() const { return get<bool>(); }
-    qint64 toInteger() const { return get<qint64>(); }
-    long double toReal() const; // of an integer too
-    QString toString() const; // of a string, or the name of an identifier
-    QStringList toStringList() const; // of a set, or the strings of a list
-    QList<FormValue> toList() const { return get<QList<FormValue>>(); }
-    QList<FormItem> toItems() const { return get<QList<FormItem>>(); }
-    QByteArray toBinary() const { return get<QByteArray>(); }
+    bool ToBool() const { return Get<bool>(); }
+    qint64 ToInteger() const { return Get<qint64>(); }
+    long double ToReal() const; // of an integer too
+    QString ToString() const; // of a string, or the name of an identifier
+    QStringList ToStringList() const; // of a set, or the strings of a list
+    QList<FormValue> ToList() const { return Get<QList<FormValue>>(); }
+    QList<FormItem> ToItems() const { return Get<QList<FormItem>>(); }
+    QByteArray ToBinary() const { return Get<QByteArray>(); }
 
-    StringWidth stringWidth() const { return get<Text>().width; }
-    QByteArray narrowBytes() const { return get<Text>().bytes; } // of a narrow string, as the file keeps them
+    StringWidth TheStringWidth() const { return Get<StringContent>().Width; }
+    QByteArray NarrowBytes() const { return Get<StringContent>().Bytes; } // of a narrow string, as the file keeps them
 
     // The bytes that the value was read from; empty for a value that was made.
-    const QByteArray& spelling() const { return m_spelling; }
-    void setSpelling(const QByteArray& bytes) { m_spelling = bytes; }
+    const QByteArray& Spelling() const { return FSpelling; }
+    void SetSpelling(const QByteArray& bytes) { FSpelling = bytes; }
 
     // Equal in kind and content; the spelling and a string's width do not count.
     bool operator==(const FormValue& other) const;
 
 private:
-    struct Text {
-        QString text;
-        QByteArray bytes;
-        StringWidth width = StringWidth::Narrow;
+    struct StringContent {
+        QString Text;
+        QByteArray Bytes;
+        StringWidth Width = StringWidth::Narrow;
     };
-    using Content = std::variant<std::monostate, bool, qint64, long double, Text, QString, QStringList,
+    using Content = std::variant<std::monostate, bool, qint64, long double, StringContent, QString, QStringList,
         QList<FormValue>, QList<FormItem>, QByteArray>;
 
     template <typename T>
     FormValue(Kind kind, T content)
-        : m_kind(kind)
-        , m_content(std::move(content))
+        : FKind(kind)
+        , FContent(std::move(content))
     {
     }
     template <typename T>
-    T get() const
+    T Get() const
     {
-        const auto* found = std::get_if<T>(&m_content);
+        const auto* found = std::get_if<T>(&FContent);
         return found ? *found : T();
     }
 
-    Kind m_kind = Kind::Null;
-    Content m_content;
-    QByteArray m_spelling;
+    Kind FKind = Kind::Null;
+    Content FContent;
+    QByteArray FSpelling;
 };
 
 struct FormItemProperty {
-    QString name;
-    FormValue value;
+    QString Name;
+    FormValue Value;
     bool operator==(const FormItemProperty&) const = default;
 };
 

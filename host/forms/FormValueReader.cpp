@@ -3,23 +3,23 @@
 #include "forms/FormBinaryValue.h"
 #include "forms/FormTextValue.h"
 
-static FormItem itemOf(const FormNode& node)
+static FormItem ItemOf(const FormNode& node)
 {
-    FormItem item { node.index(), {} };
-    for (const auto* property : node.properties())
-        item.properties << FormItemProperty { property->name(), property->value() };
+    FormItem item { node.Index(), {} };
+    for (const auto* property : node.Properties())
+        item.Properties << FormItemProperty { property->Name(), property->Value() };
     return item;
 }
 
-FormValue readFormValue(const FormTree& tree, const FormProperty& property)
+FormValue ReadFormValue(const FormTree& tree, const FormProperty& property)
 {
-    if (property.isCollection()) {
+    if (property.IsCollection()) {
         QList<FormItem> items;
-        for (const auto* node : property.items())
-            items << itemOf(*node);
-        return FormValue::collection(items);
+        for (const auto* node : property.Items())
+            items << ItemOf(*node);
+        return FormValue::Collection(items);
     }
-    if (tree.format == FormFormat::Text)
-        return FormTextValue(property.valueBytes(), tree.encoding).read();
-    return FormBinaryValue(property.valueBytes(), tree.encoding, tree.doubles).read();
+    if (tree.Format == FormFormat::Text)
+        return FormTextValue(property.ValueBytes(), tree.Encoding).Read();
+    return FormBinaryValue(property.ValueBytes(), tree.Encoding, tree.Doubles).Read();
 }

@@ -4,4 +4,4 @@
 #include "forms/FormValue.h"
 
 // Decodes the value of a property in the format of its tree.
-FormValue readFormValue(const FormTree& tree, const FormProperty& property);
+FormValue ReadFormValue(const FormTree& tree, const FormProperty& property);

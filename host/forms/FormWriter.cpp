@@ -5,73 +5,73 @@
 namespace {
 
 // The header that old files have around a binary form tells its size; it moves with the form's.
-void setResourceSize(QByteArray& bytes, const FormTree& tree)
+void SetResourceSize(QByteArray& bytes, const FormTree& tree)
 {
-    const auto header = tree.prefix.size() - 4; // the signature belongs to the form
-    const auto behind = tree.source().size() - header - tree.wrapped;
+    const auto header = tree.Prefix.size() - 4; // the signature belongs to the form
+    const auto behind = tree.Source().size() - header - tree.Wrapped;
     const auto size = static_cast<quint32>(bytes.size() - header - behind);
     qToLittleEndian(size, bytes.data() + header - qsizetype(sizeof size));
 }
 
 }
 
-QByteArray FormWriter::bytes(const FormTree& tree)
+QByteArray FormWriter::Bytes(const FormTree& tree)
 {
     FormWriter writer;
-    writer.m_bytes.reserve(tree.source().size());
-    writer.add(tree.prefix);
-    writer.add(*tree.root);
-    writer.add(tree.suffix);
-    auto bytes = writer.finish();
-    if (tree.wrapped > 0)
-        setResourceSize(bytes, tree);
+    writer.FBytes.reserve(tree.Source().size());
+    writer.Add(tree.Prefix);
+    writer.Add(*tree.Root);
+    writer.Add(tree.Suffix);
+    auto bytes = writer.Finish();
+    if (tree.Wrapped > 0)
+        SetResourceSize(bytes, tree);
     return bytes;
 }
 
-QByteArray FormWriter::bytes(const FormNode& node)
+QByteArray FormWriter::Bytes(const FormNode& node)
 {
     FormWriter writer;
-    writer.add(node);
-    return writer.finish();
+    writer.Add(node);
+    return writer.Finish();
 }
 
-QByteArray FormWriter::finish()
+QByteArray FormWriter::Finish()
 {
-    m_bytes += m_run;
-    m_run = {};
-    return std::move(m_bytes);
+    FBytes += FRun;
+    FRun = {};
+    return std::move(FBytes);
 }
 
-void FormWriter::add(QByteArrayView piece)
+void FormWriter::Add(QByteArrayView piece)
 {
     if (piece.isEmpty())
         return;
-    if (m_run.data() + m_run.size() == piece.data()) {
-        m_run = { m_run.data(), m_run.size() + piece.size() };
+    if (FRun.data() + FRun.size() == piece.data()) {
+        FRun = { FRun.data(), FRun.size() + piece.size() };
         return;
     }
-    m_bytes += m_run;
-    m_run = piece;
+    FBytes += FRun;
+    FRun = piece;
 }
 
-void FormWriter::add(const FormProperty& property)
+void FormWriter::Add(const FormProperty& property)
 {
-    const auto& pieces = property.pieces();
-    add(pieces.lead);
-    add(pieces.value);
-    for (const auto* item : pieces.items)
-        add(*item);
-    add(pieces.close);
-    add(pieces.trail);
+    const auto& pieces = property.ThePieces();
+    Add(pieces.Lead);
+    Add(pieces.Value);
+    for (const auto* item : pieces.Items)
+        Add(*item);
+    Add(pieces.Close);
+    Add(pieces.Trail);
 }
 
-void FormWriter::add(const FormNode& node)
+void FormWriter::Add(const FormNode& node)
 {
-    add(node.header().bytes);
-    for (const auto* property : node.properties())
-        add(*property);
-    add(node.middle());
-    for (const auto* child : node.children())
-        add(*child);
-    add(node.footer());
+    Add(node.TheHeader().Bytes);
+    for (const auto* property : node.Properties())
+        Add(*property);
+    Add(node.Middle());
+    for (const auto* child : node.Children())
+        Add(*child);
+    Add(node.Footer());
 }

@@ -8,15 +8,15 @@
 // one go, so that writing a form that nobody edited is one copy.
 class FormWriter {
 public:
-    static QByteArray bytes(const FormTree& tree);
-    static QByteArray bytes(const FormNode& node);
+    static QByteArray Bytes(const FormTree& tree);
+    static QByteArray Bytes(const FormNode& node);
 
 private:
-    void add(QByteArrayView piece);
-    void add(const FormNode& node);
-    void add(const FormProperty& property);
-    QByteArray finish();
+    void Add(QByteArrayView piece);
+    void Add(const FormNode& node);
+    void Add(const FormProperty& property);
+    QByteArray Finish();
 
-    QByteArray m_bytes;
-    QByteArrayView m_run; // pieces side by side that are not yet in m_bytes
+    QByteArray FBytes;
+    QByteArrayView FRun; // pieces side by side that are not yet in FBytes
 };

@@ -10,31 +10,31 @@
 using namespace Qt::StringLiterals;
 
 FormsCheck::FormsCheck(Listener listener, FormReadOptions options)
-    : m_listener(std::move(listener))
-    , m_options(std::move(options))
+    : FListener(std::move(listener))
+    , FOptions(std::move(options))
 {
 }
 
-void FormsCheck::check(const QStringList& paths)
+void FormsCheck::Check(const QStringList& paths)
 {
     for (const auto& path : paths)
-        check(path);
+        Check(path);
 }
 
-void FormsCheck::check(const QString& path)
+void FormsCheck::Check(const QString& path)
 {
     if (QFileInfo(path).isDir())
-        checkFolder(path);
+        CheckFolder(path);
     else
-        checkFile(path);
+        CheckFile(path);
 }
 
-QString FormsCheck::summary() const
+QString FormsCheck::Summary() const
 {
-    return u"files %1, read %2, identical %3, failed %4"_s.arg(m_files).arg(m_read).arg(m_identical).arg(failed());
+    return u"files %1, read %2, identical %3, failed %4"_s.arg(FFiles).arg(FRead).arg(FIdentical).arg(Failed());
 }
 
-void FormsCheck::checkFolder(const QString& path)
+void FormsCheck::CheckFolder(const QString& path)
 {
     const QStringList patterns { u"*.dfm"_s, u"*.lfm"_s, u"*.fmx"_s, u"*.nfm"_s, u"*.xfm"_s };
     QDirIterator walk(path, patterns, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
@@ -43,32 +43,32 @@ void FormsCheck::checkFolder(const QString& path)
         found << walk.next();
     found.sort();
     for (const auto& file : found)
-        checkFile(file);
+        CheckFile(file);
 }
 
-void FormsCheck::checkFile(const QString& path)
+void FormsCheck::CheckFile(const QString& path)
 {
-    ++m_files;
-    const auto form = FormDocument::load(path, m_options);
+    ++FFiles;
+    const auto form = FormDocument::Load(path, FOptions);
     if (!form)
-        return m_listener(form.error());
-    ++m_read;
-    const auto& document = *form.value();
-    compare(path, document.tree().source().toByteArray(), document);
+        return FListener(form.Error());
+    ++FRead;
+    const auto& document = *form.Value();
+    Compare(path, document.Tree().Source().toByteArray(), document);
 }
 
-void FormsCheck::compare(const QString& path, const QByteArray& before, const FormDocument& form)
+void FormsCheck::Compare(const QString& path, const QByteArray& before, const FormDocument& form)
 {
-    const auto after = form.bytes();
+    const auto after = form.Bytes();
     if (after == before) {
-        ++m_identical;
+        ++FIdentical;
         return;
     }
     const auto differs = std::mismatch(before.begin(), before.end(), after.begin(), after.end()).first - before.begin();
     const auto message = u"writing the form would change it here; report this file as a defect"_s;
-    auto error = form.format() == FormFormat::Text
-        ? formErrorAt(before, form.tree().prefix.size(), form.encoding(), differs, message)
+    auto error = form.Format() == FormFormat::Text
+        ? FormErrorAt(before, form.Tree().Prefix.size(), form.Encoding(), differs, message)
         : FormError { {}, 0, 0, differs, message };
-    error.file = path;
-    m_listener(error);
+    error.File = path;
+    FListener(error);
 }

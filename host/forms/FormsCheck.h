@@ -16,23 +16,23 @@ public:
 
     // A file, whatever its name; or a folder, for every form file (.dfm .lfm .fmx .nfm .xfm) below it, in the order
     // of their paths. A path that is not there counts as a file that failed. Links to folders are not followed.
-    void check(const QString& path);
-    void check(const QStringList& paths);
+    void Check(const QString& path);
+    void Check(const QStringList& paths);
 
-    int files() const { return m_files; }
-    int read() const { return m_read; }
-    int identical() const { return m_identical; }
-    int failed() const { return m_files - m_identical; }
-    QString summary() const; // files N, read N, identical N, failed N
+    int Files() const { return FFiles; }
+    int Read() const { return FRead; }
+    int Identical() const { return FIdentical; }
+    int Failed() const { return FFiles - FIdentical; }
+    QString Summary() const; // files N, read N, identical N, failed N
 
 private:
-    void checkFolder(const QString& path);
-    void checkFile(const QString& path);
-    void compare(const QString& path, const QByteArray& before, const FormDocument& form);
+    void CheckFolder(const QString& path);
+    void CheckFile(const QString& path);
+    void Compare(const QString& path, const QByteArray& before, const FormDocument& form);
 
-    Listener m_listener;
-    FormReadOptions m_options;
-    int m_files = 0;
-    int m_read = 0;
-    int m_identical = 0;
+    Listener FListener;
+    FormReadOptions FOptions;
+    int FFiles = 0;
+    int FRead = 0;
+    int FIdentical = 0;
 };

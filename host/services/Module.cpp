@@ -48,18 +48,18 @@ void Module::LoadForm(Problems& problems)
     }
     const auto text = file.readAll();
     FormReadOptions options;
-    options.fileName = FDescription.FormFile;
-    auto read = FormDocument::read(text, options);
+    options.FileName = FDescription.FormFile;
+    auto read = FormDocument::Read(text, options);
     if (!read) {
-        const auto& error = read.error();
-        problems << Problem { error.file, error.line, error.column, error.message, Problem::Error };
+        const auto& error = read.Error();
+        problems << Problem { error.File, error.Line, error.Column, error.Message, Problem::Error };
         return;
     }
     FFormOnDisk = text;
-    const auto& root = (*read)->root();
-    FNameOnDisk = root.name();
-    FClassOnDisk = root.className();
-    if (root.kind() == FormNode::Kind::Inherited) {
+    const auto& root = (*read)->Root();
+    FNameOnDisk = root.Name();
+    FClassOnDisk = root.ClassName();
+    if (root.TheKind() == FormNode::Kind::Inherited) {
         FAncestorClass = AncestorOf(FClassOnDisk);
         FHost.OpenFormOfClass(FProject, FAncestorClass);
     }
@@ -115,7 +115,7 @@ QList<FileContent> Module::ChangedFiles()
 {
     QList<FileContent> changed;
     if (HasDesigner())
-        if (const auto bytes = FDesigner->Form()->Document().bytes(); bytes != FFormOnDisk)
+        if (const auto bytes = FDesigner->Form()->Document().Bytes(); bytes != FFormOnDisk)
             changed << FileContent { FDescription.FormFile, bytes };
     if (!FUnit)
         return changed;
@@ -146,7 +146,7 @@ Failure Module::ChangedOnDisk() const
 void Module::NoteSaved()
 {
     if (HasDesigner()) {
-        FFormOnDisk = FDesigner->Form()->Document().bytes();
+        FFormOnDisk = FDesigner->Form()->Document().Bytes();
         FNameOnDisk = FDesigner->RootName();
         FClassOnDisk = RootClass();
         FDescription.FormName = FNameOnDisk;
@@ -180,7 +180,7 @@ void Module::TellAfterSave()
 
 QByteArray Module::FormBytes() const
 {
-    return HasDesigner() ? FDesigner->Form()->Document().bytes() : BytesOf(FDescription.FormFile);
+    return HasDesigner() ? FDesigner->Form()->Document().Bytes() : BytesOf(FDescription.FormFile);
 }
 
 void Module::TakeUnit(const QList<FileContent>& inMemory, const QList<FileContent>& onDisk)

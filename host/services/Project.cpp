@@ -120,7 +120,7 @@ FormDocument* Project::DocumentOf(const QString& className)
         return &open->TheDesigner().Form()->Document();
     auto& document = FDocuments[className.toLower()];
     if (!document) {
-        auto read = FormDocument::load(module->FormFile);
+        auto read = FormDocument::Load(module->FormFile);
         if (read)
             document = std::move(*read);
     }

@@ -10,7 +10,7 @@
 namespace {
 
 // Libraries and components of single projects, for which there is no catalogue.
-bool isOfASingleProject(const QString& className)
+bool IsOfASingleProject(const QString& className)
 {
     return className.startsWith(u"TBold") || className.startsWith(u"TInstant");
 }
@@ -30,16 +30,16 @@ TEST(TheCatalogues, KnowNearlyAllComponentsOfPublicForms)
     QStringList unknown;
     QStringList findings;
     for (const auto& file : files) {
-        const auto form = FormDocument::load(file);
+        const auto form = FormDocument::Load(file);
         ASSERT_TRUE(form) << file.toStdString();
         FormAudit audit(file.endsWith(u".lfm") ? QStringLiteral("LCL") : QStringLiteral("VCL"), {});
-        for (const auto* child : form.value()->root().children())
+        for (const auto* child : form.Value()->Root().Children())
             audit.LookBelow(*child);
         known += audit.Known;
         unknown << audit.Unknown;
         findings << audit.Findings;
     }
-    unknown.removeIf(isOfASingleProject);
+    unknown.removeIf(IsOfASingleProject);
     RecordProperty("known", known);
     RecordProperty("unknown", unknown.join(u' ').toStdString());
     RecordProperty("findings", findings.join(u'\n').toStdString());

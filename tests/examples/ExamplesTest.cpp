@@ -16,12 +16,12 @@
 
 namespace {
 
-QString examples()
+QString Examples()
 {
     return QStringLiteral(MORVANE_SOURCE_DIR "/examples/");
 }
 
-QByteArray content(const QString& fileName)
+QByteArray Content(const QString& fileName)
 {
     QFile file(fileName);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -39,20 +39,20 @@ protected:
     }
     static void TearDownTestSuite() { FPackages.reset(); }
 
-    void SetUp() override { FProject = ReadProject(examples() + QString::fromLatin1(GetParam())); }
+    void SetUp() override { FProject = ReadProject(Examples() + QString::fromLatin1(GetParam())); }
 
     std::unique_ptr<FormDocument> Form(const ModuleDescription& module)
     {
-        auto loaded = FormDocument::load(module.FormFile);
+        auto loaded = FormDocument::Load(module.FormFile);
         EXPECT_TRUE(loaded) << module.FormFile.toStdString();
-        return loaded ? std::move(loaded.value()) : nullptr;
+        return loaded ? std::move(loaded.Value()) : nullptr;
     }
 
     static inline std::unique_ptr<PackageList> FPackages;
     ProjectDescription FProject;
 };
 
-std::string problemsOf(const Problems& problems)
+std::string ProblemsOf(const Problems& problems)
 {
     QString lines;
     for (const auto& problem : problems)
@@ -61,24 +61,24 @@ std::string problemsOf(const Problems& problems)
 }
 
 // Name and class of all components below the root, as the unit declares them.
-void addFields(const FormNode& node, QStringList& fields)
+void AddFields(const FormNode& node, QStringList& fields)
 {
-    for (const auto* child : node.children()) {
-        if (child->kind() != FormNode::Kind::Inherited)
-            fields << child->name() + u':' + child->className();
-        if (child->kind() != FormNode::Kind::Inline)
-            addFields(*child, fields);
+    for (const auto* child : node.Children()) {
+        if (child->TheKind() != FormNode::Kind::Inherited)
+            fields << child->Name() + u':' + child->ClassName();
+        if (child->TheKind() != FormNode::Kind::Inline)
+            AddFields(*child, fields);
     }
 }
 
 // The statements of the form's components, as the database gets them.
-void addStatements(const FormNode& node, QStringList& statements)
+void AddStatements(const FormNode& node, QStringList& statements)
 {
     for (const auto* name : { u"SQL.Strings", u"Script.Strings" })
-        if (const auto* property = node.property(name))
-            statements << property->value().toStringList().join(u'\n').split(u';', Qt::SkipEmptyParts);
-    for (const auto* child : node.children())
-        addStatements(*child, statements);
+        if (const auto* property = node.Property(name))
+            statements << property->Value().ToStringList().join(u'\n').split(u';', Qt::SkipEmptyParts);
+    for (const auto* child : node.Children())
+        AddStatements(*child, statements);
 }
 
 }
@@ -86,7 +86,7 @@ void addStatements(const FormNode& node, QStringList& statements)
 TEST_P(TheExample, OpensWithoutAProblem)
 {
     EXPECT_TRUE(FProject.Readable);
-    EXPECT_EQ(problemsOf(FProject.Problems), "");
+    EXPECT_EQ(ProblemsOf(FProject.Problems), "");
     EXPECT_FALSE(FProject.MainForm.isEmpty());
     EXPECT_EQ(FProject.OpenFiles.size(), 2);
     for (const auto& module : FProject.Modules)
@@ -97,7 +97,7 @@ TEST_P(TheExample, KeepsEveryByteOfItsForms)
 {
     for (const auto& module : FProject.Modules) {
         const auto form = module.HasForm() ? Form(module) : nullptr;
-        EXPECT_TRUE(!form || form->bytes() == content(module.FormFile)) << module.FormFile.toStdString();
+        EXPECT_TRUE(!form || form->Bytes() == Content(module.FormFile)) << module.FormFile.toStdString();
     }
 }
 
@@ -127,14 +127,14 @@ TEST_P(TheExample, DeclaresInItsUnitsWhatStandsOnItsForms)
         Failure failure;
         const auto unit = OpenSourceUnit(module.FileName, FProject.IsLazarus(), failure);
         ASSERT_TRUE(unit) << module.FileName.toStdString();
-        EXPECT_EQ(problemsOf(unit->Check()), "");
-        const auto declared = unit->FindClass(form->root().className());
+        EXPECT_EQ(ProblemsOf(unit->Check()), "");
+        const auto declared = unit->FindClass(form->Root().ClassName());
         ASSERT_TRUE(declared) << module.FileName.toStdString();
         QStringList fields;
         for (const auto& field : declared->PublishedFields)
             fields << field.Name + u':' + field.Type;
         QStringList components;
-        addFields(form->root(), components);
+        AddFields(form->Root(), components);
         fields.sort();
         components.sort();
         EXPECT_EQ(fields.join(u' ').toStdString(), components.join(u' ').toStdString())
@@ -147,7 +147,7 @@ TEST_P(TheExample, AsksItsDatabaseForWhatIsThere)
     auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("example"));
     database.setDatabaseName(QStringLiteral(":memory:"));
     ASSERT_TRUE(database.open());
-    const auto script = QString::fromUtf8(content(QFileInfo(FProject.FileName).path() + QStringLiteral("/schema.sql")));
+    const auto script = QString::fromUtf8(Content(QFileInfo(FProject.FileName).path() + QStringLiteral("/schema.sql")));
     for (const auto& statement : script.split(QStringLiteral(";\n"), Qt::SkipEmptyParts)) {
         QSqlQuery query(database);
         EXPECT_TRUE(statement.trimmed().isEmpty() || query.exec(statement))
@@ -157,7 +157,7 @@ TEST_P(TheExample, AsksItsDatabaseForWhatIsThere)
     for (const auto& module : FProject.Modules) {
         QStringList statements;
         if (const auto form = module.HasForm() ? Form(module) : nullptr)
-            addStatements(form->root(), statements);
+            AddStatements(form->Root(), statements);
         for (const auto& statement : statements) {
             QSqlQuery query(database);
             EXPECT_TRUE(query.prepare(statement))
@@ -172,8 +172,8 @@ TEST_P(TheExample, AsksItsDatabaseForWhatIsThere)
 
 TEST_P(TheExample, HasTheSameScriptAsTheOthers)
 {
-    EXPECT_EQ(content(QFileInfo(FProject.FileName).path() + QStringLiteral("/schema.sql")).toStdString(),
-        content(examples() + QStringLiteral("bookshop/schema.sql")).toStdString());
+    EXPECT_EQ(Content(QFileInfo(FProject.FileName).path() + QStringLiteral("/schema.sql")).toStdString(),
+        Content(Examples() + QStringLiteral("bookshop/schema.sql")).toStdString());
 }
 
 INSTANTIATE_TEST_SUITE_P(Examples, TheExample,

@@ -8,7 +8,7 @@
 namespace {
 
 // What components write without publishing it: where an icon stands, what a designer remembers.
-bool isUnpublished(const QString& path)
+bool IsUnpublished(const QString& path)
 {
     static const QRegularExpression names(
         QStringLiteral("^(Left|Top|Height|Width|Explicit(Left|Top|Width|Height)|TextHeight|PixelsPerInch|DesignSize|"
@@ -17,51 +17,51 @@ bool isUnpublished(const QString& path)
     return names.match(path).hasMatch();
 }
 
-bool isOneOf(const QStringList& names, const QString& name)
+bool IsOneOf(const QStringList& names, const QString& name)
 {
     return names.contains(name, Qt::CaseInsensitive);
 }
 
-bool fits(const FormValue& value, const TTypeInfo& type)
+bool Fits(const FormValue& value, const TTypeInfo& type)
 {
     if (type.Kind == tkEnumeration && type.Name != u"Boolean")
-        return value.kind() == FormValue::Kind::Identifier && isOneOf(type.EnumNames, value.toString());
+        return value.TheKind() == FormValue::Kind::Identifier && IsOneOf(type.EnumNames, value.ToString());
     if (type.Kind == tkEnumeration)
-        return value.kind() == FormValue::Kind::Boolean;
+        return value.TheKind() == FormValue::Kind::Boolean;
     if (type.Kind != tkSet)
         return true;
-    const auto names = value.toStringList();
-    return value.kind() == FormValue::Kind::Set
+    const auto names = value.ToStringList();
+    return value.TheKind() == FormValue::Kind::Set
         && std::all_of(
-            names.begin(), names.end(), [&type](const QString& name) { return isOneOf(type.EnumNames, name); });
+            names.begin(), names.end(), [&type](const QString& name) { return IsOneOf(type.EnumNames, name); });
 }
 
 }
 
 void FormAudit::Look(const FormDocument& form, const QString& rootClass)
 {
-    LookAt(form.root(), rootClass);
+    LookAt(form.Root(), rootClass);
 }
 
 void FormAudit::LookAt(const FormNode& node, const QString& className)
 {
-    const auto isInherited = node.kind() == FormNode::Kind::Inherited || node.kind() == FormNode::Kind::Inline;
+    const auto isInherited = node.TheKind() == FormNode::Kind::Inherited || node.TheKind() == FormNode::Kind::Inline;
     if (GetClassInGroup(className, FGroup)) {
         ++Known;
-        for (const auto* property : node.properties())
+        for (const auto* property : node.Properties())
             LookAtProperty(*property, className);
     } else if (!isInherited && !FOwn.contains(className)) {
         Unknown << className;
     }
-    for (const auto* child : node.children())
-        LookAt(*child, child->className());
+    for (const auto* child : node.Children())
+        LookAt(*child, child->ClassName());
 }
 
 void FormAudit::LookAtProperty(const FormProperty& property, const QString& className)
 {
     auto aClass = GetClassInGroup(className, FGroup);
-    const auto path = property.name();
-    if (isUnpublished(path))
+    const auto path = property.Name();
+    if (IsUnpublished(path))
         return;
     const TPropInfo* published = nullptr;
     for (const auto& part : path.split(u'.')) {
@@ -76,6 +76,6 @@ void FormAudit::LookAtProperty(const FormProperty& property, const QString& clas
         if (aClass && aClass.Info()->Properties.isEmpty())
             return; // lines, a picture, a collection: read by the object itself
     }
-    if (!fits(property.value(), published->PropType))
-        Findings << className + u'.' + path + QStringLiteral(" = ") + QString::fromUtf8(property.valueBytes());
+    if (!Fits(property.Value(), published->PropType))
+        Findings << className + u'.' + path + QStringLiteral(" = ") + QString::fromUtf8(property.ValueBytes());
 }

@@ -20,7 +20,7 @@ public:
     void Look(const FormDocument& form, const QString& rootClass);
 
     // An object of the form with what stands below it.
-    void LookBelow(const FormNode& node) { LookAt(node, node.className()); }
+    void LookBelow(const FormNode& node) { LookAt(node, node.ClassName()); }
 
     int Known = 0;
     // "TButton.Fancy", "TButton.Align = alMiddle"; in order.

@@ -267,7 +267,7 @@ TComponent* HostFixture::Component(const QString& formDotName)
 
 QByteArray HostFixture::FormText(const QString& form)
 {
-    return FormOf(form).TheDesigner().Form()->Document().bytes();
+    return FormOf(form).TheDesigner().Form()->Document().Bytes();
 }
 
 QByteArray HostFixture::UnitText(const QString& form)

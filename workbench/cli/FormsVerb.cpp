@@ -16,10 +16,10 @@ ExitStatus FormsVerb::Run()
     const auto paths = Parser.positionalArguments();
     if (paths.isEmpty())
         return Misused(QStringLiteral("name a folder or a form file"));
-    FormsCheck check([](const FormError& error) { Complain(error.toString()); });
-    check.check(paths);
-    Print(check.summary() + u'\n');
-    return check.failed() == 0 ? Done : Failed;
+    FormsCheck check([](const FormError& error) { Complain(error.ToString()); });
+    check.Check(paths);
+    Print(check.Summary() + u'\n');
+    return check.Failed() == 0 ? Done : Failed;
 }
 
 ConvertVerb::ConvertVerb()
@@ -35,8 +35,8 @@ ExitStatus ConvertVerb::Run()
     const auto files = Parser.positionalArguments();
     if (files.size() != 2)
         return Misused(QStringLiteral("name the file to read and the file to write"));
-    const auto error = FormConverter::convertFile(files[0], files[1]);
+    const auto error = FormConverter::ConvertFile(files[0], files[1]);
     if (error)
-        Complain(error->toString());
+        Complain(error->ToString());
     return error ? Failed : Done;
 }

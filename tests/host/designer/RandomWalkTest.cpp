@@ -165,7 +165,7 @@ protected:
     {
         QList<QByteArray> files;
         for (auto* form : Forms)
-            files << form->TheDesigner().Form()->Document().bytes() << form->Unit()->Files().first().Bytes;
+            files << form->TheDesigner().Form()->Document().Bytes() << form->Unit()->Files().first().Bytes;
         return files;
     }
     std::string Live()
@@ -182,8 +182,8 @@ protected:
         std::string text;
         std::vector<std::unique_ptr<LiveForm>> forms;
         for (auto* form : Forms) {
-            const auto bytes = form->TheDesigner().Form()->Document().bytes();
-            auto read = FormDocument::read(bytes);
+            const auto bytes = form->TheDesigner().Form()->Document().Bytes();
+            auto read = FormDocument::Read(bytes);
             forms.push_back(std::make_unique<LiveForm>(std::move(*read), bytes, *form));
         }
         const auto find = [&forms](const QString& name) -> TComponent* {

@@ -14,14 +14,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray readAll(const QString& path)
+QByteArray ReadAll(const QString& path)
 {
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
     return file.readAll();
 }
 
-QStringList formFiles()
+QStringList FormFiles()
 {
     auto found = Corpus::files({ u"*.dfm"_s, u"*.lfm"_s, u"*.fmx"_s });
     QDirIterator own(QStringLiteral(MORVANE_SOURCE_DIR "/tests/data/forms"), QDir::Files);
@@ -30,89 +30,89 @@ QStringList formFiles()
     return found;
 }
 
-bool isText(const QByteArray& bytes)
+bool IsText(const QByteArray& bytes)
 {
     return !bytes.startsWith("TPF0") && !bytes.startsWith('\xFF');
 }
 
-QByteArray binaryOf(const QByteArray& text)
+QByteArray BinaryOf(const QByteArray& text)
 {
-    const auto made = FormConverter::toBinary(*readForm(text));
+    const auto made = FormConverter::ToBinary(*ReadForm(text));
     EXPECT_TRUE(made);
-    return made ? made.value() : QByteArray();
+    return made ? made.Value() : QByteArray();
 }
 
 // A property p with the value, as a whole form.
-QByteArray formWith(const QByteArray& value)
+QByteArray FormWith(const QByteArray& value)
 {
     return "object A: T\n  p = " + value + "\nend\n";
 }
 
-long double inItsPrecision(const FormValue& value, const FormValue& like)
+long double InItsPrecision(const FormValue& value, const FormValue& like)
 {
-    switch (like.kind()) {
+    switch (like.TheKind()) {
     case FormValue::Kind::Single:
-        return static_cast<float>(value.toReal());
+        return static_cast<float>(value.ToReal());
     case FormValue::Kind::Double:
     case FormValue::Kind::Date:
-        return static_cast<double>(value.toReal());
+        return static_cast<double>(value.ToReal());
     default:
-        return value.toReal();
+        return value.ToReal();
     }
 }
 
 // Kinds of numbers with a point become one on their way through a binary form.
-void expectSame(const FormValue& one, const FormValue& other, const QString& where);
+void ExpectSame(const FormValue& one, const FormValue& other, const QString& where);
 
-void expectSame(const QList<FormItem>& one, const QList<FormItem>& other, const QString& where)
+void ExpectSame(const QList<FormItem>& one, const QList<FormItem>& other, const QString& where)
 {
     ASSERT_EQ(one.size(), other.size()) << qPrintable(where);
     for (qsizetype i = 0; i < one.size(); ++i) {
-        EXPECT_EQ(one[i].index, other[i].index) << qPrintable(where);
-        ASSERT_EQ(one[i].properties.size(), other[i].properties.size()) << qPrintable(where);
-        for (qsizetype p = 0; p < one[i].properties.size(); ++p) {
-            EXPECT_EQ(one[i].properties[p].name, other[i].properties[p].name) << qPrintable(where);
-            expectSame(one[i].properties[p].value, other[i].properties[p].value, where);
+        EXPECT_EQ(one[i].Index, other[i].Index) << qPrintable(where);
+        ASSERT_EQ(one[i].Properties.size(), other[i].Properties.size()) << qPrintable(where);
+        for (qsizetype p = 0; p < one[i].Properties.size(); ++p) {
+            EXPECT_EQ(one[i].Properties[p].Name, other[i].Properties[p].Name) << qPrintable(where);
+            ExpectSame(one[i].Properties[p].Value, other[i].Properties[p].Value, where);
         }
     }
 }
 
-void expectSame(const FormValue& one, const FormValue& other, const QString& where)
+void ExpectSame(const FormValue& one, const FormValue& other, const QString& where)
 {
-    if (one.isReal() && other.isReal()) {
-        EXPECT_EQ(inItsPrecision(one, one), inItsPrecision(other, one)) << qPrintable(where);
+    if (one.IsReal() && other.IsReal()) {
+        EXPECT_EQ(InItsPrecision(one, one), InItsPrecision(other, one)) << qPrintable(where);
         return;
     }
-    ASSERT_EQ(one.kind(), other.kind()) << qPrintable(where);
-    if (one.kind() == FormValue::Kind::Collection)
-        return expectSame(one.toItems(), other.toItems(), where);
-    if (one.kind() != FormValue::Kind::List) {
+    ASSERT_EQ(one.TheKind(), other.TheKind()) << qPrintable(where);
+    if (one.TheKind() == FormValue::Kind::Collection)
+        return ExpectSame(one.ToItems(), other.ToItems(), where);
+    if (one.TheKind() != FormValue::Kind::List) {
         EXPECT_EQ(one, other) << qPrintable(where);
         return;
     }
-    const auto ours = one.toList();
-    const auto theirs = other.toList();
+    const auto ours = one.ToList();
+    const auto theirs = other.ToList();
     ASSERT_EQ(ours.size(), theirs.size()) << qPrintable(where);
     for (qsizetype i = 0; i < ours.size(); ++i)
-        expectSame(ours[i], theirs[i], where);
+        ExpectSame(ours[i], theirs[i], where);
 }
 
-void expectSame(const FormNode& one, const FormNode& other, const QString& where)
+void ExpectSame(const FormNode& one, const FormNode& other, const QString& where)
 {
-    const auto here = where + u'/' + one.name();
-    EXPECT_EQ(one.kind(), other.kind()) << qPrintable(here);
-    EXPECT_EQ(one.name(), other.name()) << qPrintable(here);
-    EXPECT_EQ(one.className(), other.className()) << qPrintable(here);
-    EXPECT_EQ(one.index(), other.index()) << qPrintable(here);
-    ASSERT_EQ(one.properties().size(), other.properties().size()) << qPrintable(here);
-    for (size_t i = 0; i < one.properties().size(); ++i) {
-        EXPECT_EQ(one.properties()[i]->name(), other.properties()[i]->name()) << qPrintable(here);
-        expectSame(
-            one.properties()[i]->value(), other.properties()[i]->value(), here + u'.' + one.properties()[i]->name());
+    const auto here = where + u'/' + one.Name();
+    EXPECT_EQ(one.TheKind(), other.TheKind()) << qPrintable(here);
+    EXPECT_EQ(one.Name(), other.Name()) << qPrintable(here);
+    EXPECT_EQ(one.ClassName(), other.ClassName()) << qPrintable(here);
+    EXPECT_EQ(one.Index(), other.Index()) << qPrintable(here);
+    ASSERT_EQ(one.Properties().size(), other.Properties().size()) << qPrintable(here);
+    for (size_t i = 0; i < one.Properties().size(); ++i) {
+        EXPECT_EQ(one.Properties()[i]->Name(), other.Properties()[i]->Name()) << qPrintable(here);
+        ExpectSame(
+            one.Properties()[i]->Value(), other.Properties()[i]->Value(), here + u'.' + one.Properties()[i]->Name());
     }
-    ASSERT_EQ(one.children().size(), other.children().size()) << qPrintable(here);
-    for (size_t i = 0; i < one.children().size(); ++i)
-        expectSame(*one.children()[i], *other.children()[i], here);
+    ASSERT_EQ(one.Children().size(), other.Children().size()) << qPrintable(here);
+    for (size_t i = 0; i < one.Children().size(); ++i)
+        ExpectSame(*one.Children()[i], *other.Children()[i], here);
 }
 
 }
@@ -120,16 +120,16 @@ void expectSame(const FormNode& one, const FormNode& other, const QString& where
 TEST(FormConverter, KeepsEveryValueFromTextToBinaryAndBackForEveryForm)
 {
     int seen = 0;
-    for (const auto& path : formFiles()) {
-        const auto bytes = readAll(path);
-        if (!isText(bytes))
+    for (const auto& path : FormFiles()) {
+        const auto bytes = ReadAll(path);
+        if (!IsText(bytes))
             continue;
-        const auto form = readForm(bytes);
-        const auto binary = FormConverter::toBinary(*form);
+        const auto form = ReadForm(bytes);
+        const auto binary = FormConverter::ToBinary(*form);
         ASSERT_TRUE(binary) << qPrintable(path);
-        const auto back = readForm(binary.value());
-        const auto again = readForm(FormConverter::toText(*back, {}).value());
-        expectSame(form->root(), again->root(), path);
+        const auto back = ReadForm(binary.Value());
+        const auto again = ReadForm(FormConverter::ToText(*back, {}).Value());
+        ExpectSame(form->Root(), again->Root(), path);
         ++seen;
     }
     EXPECT_GT(seen, 0);
@@ -138,13 +138,13 @@ TEST(FormConverter, KeepsEveryValueFromTextToBinaryAndBackForEveryForm)
 TEST(FormConverter, KeepsEveryValueFromBinaryToTextAndBackForEveryForm)
 {
     int seen = 0;
-    for (const auto& path : formFiles()) {
-        const auto bytes = readAll(path);
-        if (isText(bytes))
+    for (const auto& path : FormFiles()) {
+        const auto bytes = ReadAll(path);
+        if (IsText(bytes))
             continue;
-        const auto form = readForm(bytes);
-        const auto text = readForm(FormConverter::toText(*form, {}).value());
-        expectSame(form->root(), text->root(), path);
+        const auto form = ReadForm(bytes);
+        const auto text = ReadForm(FormConverter::ToText(*form, {}).Value());
+        ExpectSame(form->Root(), text->Root(), path);
         ++seen;
     }
     EXPECT_GT(seen, 0);
@@ -152,23 +152,23 @@ TEST(FormConverter, KeepsEveryValueFromBinaryToTextAndBackForEveryForm)
 
 TEST(FormConverter, MakesTheSameBytesAsTheCompilersStreamReaderForEveryFormItAccepts)
 {
-    if (!FormPeer::isThere())
+    if (!FormPeer::IsThere())
         GTEST_SKIP() << "the compiler that brings the stream reader is not installed";
     QStringList paths;
     QList<QByteArray> texts;
-    for (const auto& path : formFiles()) {
-        const auto bytes = readAll(path);
-        if (!isText(bytes))
+    for (const auto& path : FormFiles()) {
+        const auto bytes = ReadAll(path);
+        if (!IsText(bytes))
             continue;
         paths << path;
         texts << bytes;
     }
-    const auto theirs = FormPeer::convert(texts);
+    const auto theirs = FormPeer::Convert(texts);
     int compared = 0;
     for (qsizetype i = 0; i < texts.size(); ++i) {
         if (!theirs[i])
             continue;
-        EXPECT_EQ(binaryOf(texts[i]).toHex().toStdString(), theirs[i]->toHex().toStdString()) << qPrintable(paths[i]);
+        EXPECT_EQ(BinaryOf(texts[i]).toHex().toStdString(), theirs[i]->toHex().toStdString()) << qPrintable(paths[i]);
         ++compared;
     }
     RecordProperty("compared", compared);
@@ -177,7 +177,7 @@ TEST(FormConverter, MakesTheSameBytesAsTheCompilersStreamReaderForEveryFormItAcc
 
 TEST(FormConverter, SpellsEveryKindOfValueAsTheCompilersStreamReaderDoes)
 {
-    if (!FormPeer::isThere())
+    if (!FormPeer::IsThere())
         GTEST_SKIP() << "the compiler that brings the stream reader is not installed";
     const QList<QByteArray> values { "5", "-5", "127", "128", "-128", "-129", "32767", "32768", "65535", "2147483647",
         "2147483648", "-2147483648", "-2147483649", "9223372036854775807", "$FF", "$FFFFFFFF", "$FFFFFFFFFFFFFFFF",
@@ -189,18 +189,18 @@ TEST(FormConverter, SpellsEveryKindOfValueAsTheCompilersStreamReaderDoes)
         "'" + QByteArray(300, 'x') + "'#8364" };
     QList<QByteArray> forms;
     for (const auto& value : values)
-        forms << formWith(value);
-    const auto theirs = FormPeer::convert(forms);
+        forms << FormWith(value);
+    const auto theirs = FormPeer::Convert(forms);
     for (qsizetype i = 0; i < forms.size(); ++i) {
         ASSERT_TRUE(theirs[i]) << values[i].constData();
-        EXPECT_EQ(binaryOf(forms[i]).toHex(' ').toStdString(), theirs[i]->toHex(' ').toStdString())
+        EXPECT_EQ(BinaryOf(forms[i]).toHex(' ').toStdString(), theirs[i]->toHex(' ').toStdString())
             << values[i].constData();
     }
 }
 
 TEST(FormConverter, ReadsDecimalNumbersToTheLastBitAsTheCompilersStreamReaderDoes)
 {
-    if (!FormPeer::isThere())
+    if (!FormPeer::IsThere())
         GTEST_SKIP() << "the compiler that brings the stream reader is not installed";
     std::mt19937 random(20260);
     QByteArray list = "(";
@@ -209,10 +209,10 @@ TEST(FormConverter, ReadsDecimalNumbersToTheLastBitAsTheCompilersStreamReaderDoe
         if (i % 2)
             list += 'E' + QByteArray::number(int(random() % 600) - 300);
     }
-    const auto form = formWith(list + ')');
-    const auto theirs = FormPeer::convert({ form }).front();
+    const auto form = FormWith(list + ')');
+    const auto theirs = FormPeer::Convert({ form }).front();
     ASSERT_TRUE(theirs);
-    EXPECT_EQ(binaryOf(form), *theirs);
+    EXPECT_EQ(BinaryOf(form), *theirs);
 }
 
 TEST(FormConverter, WritesNumbersSoThatTheyReadBackToTheLastBit)
@@ -223,31 +223,31 @@ TEST(FormConverter, WritesNumbersSoThatTheyReadBackToTheLastBit)
         list += "\n" + QByteArray::number(random() % 1000) + '.' + QByteArray::number(quint64(random()) * random());
         list += 'E' + QByteArray::number(int(random() % 80) - 40);
     }
-    const auto form = readForm(formWith(list + ')'));
-    const auto binary = readForm(FormConverter::toBinary(*form).value());
-    const auto text = readForm(FormConverter::toText(*binary, {}).value());
-    EXPECT_EQ(text->root().property(u"p")->value(), form->root().property(u"p")->value());
+    const auto form = ReadForm(FormWith(list + ')'));
+    const auto binary = ReadForm(FormConverter::ToBinary(*form).Value());
+    const auto text = ReadForm(FormConverter::ToText(*binary, {}).Value());
+    EXPECT_EQ(text->Root().Property(u"p")->Value(), form->Root().Property(u"p")->Value());
 }
 
 TEST(FormConverter, DecodesRawCharactersBesideWideEscapesRatherThanWideningTheirBytes)
 {
-    const auto binary = readForm(binaryOf(formWith("'\xC3\xA4'#8364")));
-    EXPECT_EQ(binary->root().property(u"p")->value().toString(), u"\u00e4\u20ac"_s);
+    const auto binary = ReadForm(BinaryOf(FormWith("'\xC3\xA4'#8364")));
+    EXPECT_EQ(binary->Root().Property(u"p")->Value().ToString(), u"\u00e4\u20ac"_s);
 }
 
 TEST(FormConverter, RefusesANameForWhichABinaryFormHasNoRoom)
 {
-    const auto form = readForm("object A: T\n  x = 1\n  " + QByteArray(256, 'p') + " = 1\nend\n", { u"Unit1.dfm"_s });
-    const auto made = FormConverter::toBinary(*form);
+    const auto form = ReadForm("object A: T\n  x = 1\n  " + QByteArray(256, 'p') + " = 1\nend\n", { u"Unit1.dfm"_s });
+    const auto made = FormConverter::ToBinary(*form);
     ASSERT_FALSE(made);
-    EXPECT_EQ(made.error().toString(),
+    EXPECT_EQ(made.Error().ToString(),
         u"Unit1.dfm:3:3: a name of more than 255 bytes, for which a binary form has no room; shorten it"_s);
 }
 
 TEST(FormConverter, WritesTextInTheUsualHand)
 {
-    const auto form = readForm(readAll(QStringLiteral(MORVANE_SOURCE_DIR "/tests/data/forms/types.dfm")));
-    const auto text = FormConverter::toText(*form, {}).value();
+    const auto form = ReadForm(ReadAll(QStringLiteral(MORVANE_SOURCE_DIR "/tests/data/forms/types.dfm")));
+    const auto text = FormConverter::ToText(*form, {}).Value();
     EXPECT_EQ(QByteArray(text).replace("\r\n", "\n").replace('\xE4', '?').toStdString(), R"(inherited Form1: TForm1
   Null = Null
   List = (
@@ -299,9 +299,9 @@ TEST(FormConverter, ConvertsAFileInEitherDirection)
 {
     const QTemporaryDir folder;
     const auto source = QStringLiteral(MORVANE_SOURCE_DIR "/tests/data/forms/tabs.dfm");
-    EXPECT_FALSE(FormConverter::convertFile(source, folder.filePath(u"binary.dfm"_s)));
-    EXPECT_FALSE(FormConverter::convertFile(folder.filePath(u"binary.dfm"_s), folder.filePath(u"text.dfm"_s)));
-    EXPECT_EQ(readAll(folder.filePath(u"text.dfm"_s)),
+    EXPECT_FALSE(FormConverter::ConvertFile(source, folder.filePath(u"binary.dfm"_s)));
+    EXPECT_FALSE(FormConverter::ConvertFile(folder.filePath(u"binary.dfm"_s), folder.filePath(u"text.dfm"_s)));
+    EXPECT_EQ(ReadAll(folder.filePath(u"text.dfm"_s)),
         "object Form1: TForm1\r\n  Caption = 'x'\r\n  object Edit1: TEdit\r\n    Left = 1\r\n  end\r\nend\r\n");
 }
 
@@ -313,18 +313,18 @@ TEST(FormConverter, LeavesTheTargetWholeWhereTheSourceCannotBeRead)
     target.write("old");
     target.close();
     const auto missing = folder.filePath(u"missing.dfm"_s);
-    const auto error = FormConverter::convertFile(missing, target.fileName());
+    const auto error = FormConverter::ConvertFile(missing, target.fileName());
     ASSERT_TRUE(error);
-    EXPECT_TRUE(error->toString().startsWith(missing + u":1:1: the file cannot be opened"_s))
-        << qPrintable(error->toString());
-    EXPECT_EQ(readAll(target.fileName()), "old");
+    EXPECT_TRUE(error->ToString().startsWith(missing + u":1:1: the file cannot be opened"_s))
+        << qPrintable(error->ToString());
+    EXPECT_EQ(ReadAll(target.fileName()), "old");
 }
 
 TEST(FormConverter, RefusesNamesThatTextHasNoWayToWrite)
 {
     const auto nameError = [](const QByteArray& properties) {
-        const auto made = FormConverter::toText(*readForm("TPF0\1T\1A" + properties + QByteArray(2, '\0')), {});
-        return made ? std::string() : made.error().message.toStdString();
+        const auto made = FormConverter::ToText(*ReadForm("TPF0\1T\1A" + properties + QByteArray(2, '\0')), {});
+        return made ? std::string() : made.Error().Message.toStdString();
     };
     const auto said = [](const std::string& name) {
         return "the name \"" + name + "\" cannot be written in text; rename it, or leave the form binary";

@@ -15,12 +15,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-std::string text(const FormDocument& form)
+std::string Text(const FormDocument& form)
 {
-    return form.bytes().toStdString();
+    return form.Bytes().toStdString();
 }
 
-QByteArray withCollection()
+QByteArray WithCollection()
 {
     return "object Form1: TForm1\n"
            "  object Grid: TGrid\n"
@@ -36,40 +36,40 @@ QByteArray withCollection()
            "end\n";
 }
 
-QByteArray shortString(const QByteArray& bytes)
+QByteArray ShortString(const QByteArray& bytes)
 {
     return QByteArray(1, static_cast<char>(bytes.size())) + bytes;
 }
 
 // A binary object: what it says, its properties and its children.
-QByteArray binaryObject(const QByteArray& className, const QByteArray& name, const QByteArray& properties = {},
+QByteArray BinaryObject(const QByteArray& className, const QByteArray& name, const QByteArray& properties = {},
     const QByteArray& children = {})
 {
-    return shortString(className) + shortString(name) + properties + '\0' + children + '\0';
+    return ShortString(className) + ShortString(name) + properties + '\0' + children + '\0';
 }
 
 }
 
 TEST(FormEdit, SetsEveryKindOfValueInTheHandOfTextForms)
 {
-    const auto form = readForm("object A: TA\r\nend\r\n");
-    auto& root = form->root();
-    form->setProperty(root, u"Int"_s, FormValue::integer(-7));
-    form->setProperty(root, u"Real"_s, FormValue::real(0.1));
-    form->setProperty(root, u"Whole"_s, FormValue::real(24));
-    form->setProperty(root, u"Flag"_s, FormValue::boolean(true));
-    form->setProperty(root, u"None"_s, FormValue::nil());
-    form->setProperty(root, u"Void"_s, FormValue());
-    form->setProperty(root, u"Color"_s, FormValue::identifier(u"clRed"_s));
-    form->setProperty(root, u"Anchors"_s, FormValue::set({ u"akLeft"_s, u"akTop"_s }));
-    form->setProperty(root, u"Hint"_s, FormValue::string(u"It's \u00e4\u20ac\n"_s));
-    form->setProperty(root, u"SQL.Strings"_s, FormValue::strings({ u"select"_s, u""_s }));
-    form->setProperty(root, u"Empty.Strings"_s, FormValue::strings({}));
-    form->setProperty(root, u"Data"_s, FormValue::binary(QByteArray(33, '\xAB')));
-    form->setProperty(root, u"Columns"_s,
-        FormValue::collection({ { std::nullopt, { { u"Width"_s, FormValue::integer(64) } } }, { 3, {} } }));
-    form->setProperty(root, u"Long"_s, FormValue::string(QString(70, u'x')));
-    EXPECT_EQ(form->bytes().replace("\r\n", "\n").toStdString(), R"(object A: TA
+    const auto form = ReadForm("object A: TA\r\nend\r\n");
+    auto& root = form->Root();
+    form->SetProperty(root, u"Int"_s, FormValue::Integer(-7));
+    form->SetProperty(root, u"Real"_s, FormValue::Real(0.1));
+    form->SetProperty(root, u"Whole"_s, FormValue::Real(24));
+    form->SetProperty(root, u"Flag"_s, FormValue::Boolean(true));
+    form->SetProperty(root, u"None"_s, FormValue::Nil());
+    form->SetProperty(root, u"Void"_s, FormValue());
+    form->SetProperty(root, u"Color"_s, FormValue::Identifier(u"clRed"_s));
+    form->SetProperty(root, u"Anchors"_s, FormValue::Set({ u"akLeft"_s, u"akTop"_s }));
+    form->SetProperty(root, u"Hint"_s, FormValue::String(u"It's \u00e4\u20ac\n"_s));
+    form->SetProperty(root, u"SQL.Strings"_s, FormValue::Strings({ u"select"_s, u""_s }));
+    form->SetProperty(root, u"Empty.Strings"_s, FormValue::Strings({}));
+    form->SetProperty(root, u"Data"_s, FormValue::Binary(QByteArray(33, '\xAB')));
+    form->SetProperty(root, u"Columns"_s,
+        FormValue::Collection({ { std::nullopt, { { u"Width"_s, FormValue::Integer(64) } } }, { 3, {} } }));
+    form->SetProperty(root, u"Long"_s, FormValue::String(QString(70, u'x')));
+    EXPECT_EQ(form->Bytes().replace("\r\n", "\n").toStdString(), R"(object A: TA
   Int = -7
   Real = 0.100000000000000000
   Whole = 24.000000000000000000
@@ -97,26 +97,26 @@ TEST(FormEdit, SetsEveryKindOfValueInTheHandOfTextForms)
     'xxxxxx'
 end
 )");
-    EXPECT_EQ(form->bytes().count('\n'), form->bytes().count("\r\n"));
+    EXPECT_EQ(form->Bytes().count('\n'), form->Bytes().count("\r\n"));
 }
 
 TEST(FormEdit, ReadsBackWhatItWrote)
 {
-    const auto form = readForm("object A: TA\nend\n");
-    const auto value = FormValue::list({ FormValue::string(QString(200, u'\u00e4') + u"'"_s), FormValue::real(1e-20),
-        FormValue::binary("\x01\x02"), FormValue::set({}), FormValue::string(u"\U0001F600"_s.repeated(50)),
-        FormValue::list({ FormValue::integer(std::numeric_limits<qint64>::min()) }) });
-    form->setProperty(form->root(), u"p"_s, value);
-    EXPECT_EQ(readForm(form->bytes())->root().property(u"p")->value(), value);
+    const auto form = ReadForm("object A: TA\nend\n");
+    const auto value = FormValue::List({ FormValue::String(QString(200, u'\u00e4') + u"'"_s), FormValue::Real(1e-20),
+        FormValue::Binary("\x01\x02"), FormValue::Set({}), FormValue::String(u"\U0001F600"_s.repeated(50)),
+        FormValue::List({ FormValue::Integer(std::numeric_limits<qint64>::min()) }) });
+    form->SetProperty(form->Root(), u"p"_s, value);
+    EXPECT_EQ(ReadForm(form->Bytes())->Root().Property(u"p")->Value(), value);
 }
 
 TEST(FormEdit, WritesRawCharactersWhereTheFileHasThem)
 {
-    const auto form = readForm("object A: TA\n  Caption = 'Op\xC3\xA7\xC3\xA3o'\nend\n");
-    form->setProperty(form->root(), u"Hint"_s, FormValue::string(u"It's \u00e4\n"_s));
-    form->setProperty(form->root(), u"Lines.Strings"_s, FormValue::strings({ u"a"_s }));
-    form->setProperty(form->root(), u"Zoom"_s, FormValue::real(1.5));
-    EXPECT_EQ(text(*form),
+    const auto form = ReadForm("object A: TA\n  Caption = 'Op\xC3\xA7\xC3\xA3o'\nend\n");
+    form->SetProperty(form->Root(), u"Hint"_s, FormValue::String(u"It's \u00e4\n"_s));
+    form->SetProperty(form->Root(), u"Lines.Strings"_s, FormValue::Strings({ u"a"_s }));
+    form->SetProperty(form->Root(), u"Zoom"_s, FormValue::Real(1.5));
+    EXPECT_EQ(Text(*form),
         "object A: TA\n  Caption = 'Op\xC3\xA7\xC3\xA3o'\n  Hint = 'It''s \xC3\xA4'#10\n  Lines.Strings = (\n    'a'\n "
         " )\n"
         "  Zoom = 1.5\nend\n");
@@ -124,34 +124,34 @@ TEST(FormEdit, WritesRawCharactersWhereTheFileHasThem)
 
 TEST(FormEdit, WritesAStringFromAFormInAnotherEncodingInTheHandOfThisOne)
 {
-    const auto value = readForm("object A: TA\n  Caption = 'Gr\xFC\xDF'\nend\n")->root().property(u"Caption")->value();
-    const auto plain = readForm("object A: TA\nend\n");
-    plain->setProperty(plain->root(), u"p"_s, value);
-    EXPECT_EQ(text(*plain), "object A: TA\n  p = 'Gr'#252#223\nend\n");
-    const auto raw = readForm("object A: TA\n  x = 'Op\xC3\xA7\xC3\xA3o'\nend\n");
-    raw->setProperty(raw->root(), u"p"_s, value);
-    EXPECT_EQ(text(*raw), "object A: TA\n  x = 'Op\xC3\xA7\xC3\xA3o'\n  p = 'Gr\xC3\xBC\xC3\x9F'\nend\n");
-    const auto binary = readForm("TPF0" + binaryObject("TA", "A", "\1x\6\2\xC3\xA7"));
-    binary->setProperty(binary->root(), u"p"_s, value);
-    EXPECT_EQ(binary->root().property(u"p")->value(), value);
+    const auto value = ReadForm("object A: TA\n  Caption = 'Gr\xFC\xDF'\nend\n")->Root().Property(u"Caption")->Value();
+    const auto plain = ReadForm("object A: TA\nend\n");
+    plain->SetProperty(plain->Root(), u"p"_s, value);
+    EXPECT_EQ(Text(*plain), "object A: TA\n  p = 'Gr'#252#223\nend\n");
+    const auto raw = ReadForm("object A: TA\n  x = 'Op\xC3\xA7\xC3\xA3o'\nend\n");
+    raw->SetProperty(raw->Root(), u"p"_s, value);
+    EXPECT_EQ(Text(*raw), "object A: TA\n  x = 'Op\xC3\xA7\xC3\xA3o'\n  p = 'Gr\xC3\xBC\xC3\x9F'\nend\n");
+    const auto binary = ReadForm("TPF0" + BinaryObject("TA", "A", "\1x\6\2\xC3\xA7"));
+    binary->SetProperty(binary->Root(), u"p"_s, value);
+    EXPECT_EQ(binary->Root().Property(u"p")->Value(), value);
 }
 
 TEST(FormEdit, KeepsTabsAndTheStepOfTheFile)
 {
-    const auto form = readForm("object A: TA\n\tCaption\t= 'x'\n\tobject B: TB\n\t\tLeft = 1\n\tend\nend");
-    auto& added = form->addChild(*form->find(u"B"), FormNode::Kind::Object, u"TC"_s, u"C"_s);
-    form->setProperty(added, u"Lines.Strings"_s, FormValue::strings({ u"a"_s }));
-    EXPECT_EQ(text(*form),
+    const auto form = ReadForm("object A: TA\n\tCaption\t= 'x'\n\tobject B: TB\n\t\tLeft = 1\n\tend\nend");
+    auto& added = form->AddChild(*form->Find(u"B"), FormNode::Kind::Object, u"TC"_s, u"C"_s);
+    form->SetProperty(added, u"Lines.Strings"_s, FormValue::Strings({ u"a"_s }));
+    EXPECT_EQ(Text(*form),
         "object A: TA\n\tCaption\t= 'x'\n\tobject B: TB\n\t\tLeft = 1\n\t\tobject C: TC\n\t\t\tLines.Strings = (\n"
         "\t\t\t\t'a')\n\t\tend\n\tend\nend");
 }
 
 TEST(FormEdit, KeepsWhatStandsAroundAValueThatIsReplaced)
 {
-    const auto form = readForm("object A: TA  \r\n  Left  =\t1  \n\n  Top=2\r\nend\r\n\x1A");
-    form->setProperty(form->root(), u"LEFT"_s, FormValue::integer(10));
-    form->setProperty(form->root(), u"Top"_s, FormValue::boolean(false));
-    EXPECT_EQ(text(*form), "object A: TA  \r\n  Left  =\t10  \n\n  Top=False\r\nend\r\n\x1A");
+    const auto form = ReadForm("object A: TA  \r\n  Left  =\t1  \n\n  Top=2\r\nend\r\n\x1A");
+    form->SetProperty(form->Root(), u"LEFT"_s, FormValue::Integer(10));
+    form->SetProperty(form->Root(), u"Top"_s, FormValue::Boolean(false));
+    EXPECT_EQ(Text(*form), "object A: TA  \r\n  Left  =\t10  \n\n  Top=False\r\nend\r\n\x1A");
 }
 
 TEST(FormEdit, ReplacesALongStringThatBeganInALineOfItsOwn)
@@ -159,26 +159,26 @@ TEST(FormEdit, ReplacesALongStringThatBeganInALineOfItsOwn)
     const QByteArray before
         = "object A: TA\n  Caption = \n    'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx' +\n    "
           "'xxxxxxxxxxxxxxxxxxxxx'\n  Top = 1\nend\n";
-    const auto form = readForm(before);
-    form->setProperty(form->root(), u"Caption"_s, FormValue::string(u"short"_s));
-    EXPECT_EQ(text(*form), "object A: TA\n  Caption = 'short'\n  Top = 1\nend\n");
-    form->setProperty(form->root(), u"Caption"_s, FormValue::string(QString(65, u'y')));
+    const auto form = ReadForm(before);
+    form->SetProperty(form->Root(), u"Caption"_s, FormValue::String(u"short"_s));
+    EXPECT_EQ(Text(*form), "object A: TA\n  Caption = 'short'\n  Top = 1\nend\n");
+    form->SetProperty(form->Root(), u"Caption"_s, FormValue::String(QString(65, u'y')));
     EXPECT_EQ(
-        text(*form), "object A: TA\n  Caption = \n    '" + std::string(64, 'y') + "' +\n    'y'\n  Top = 1\nend\n");
-    form->undoTo(0);
-    EXPECT_EQ(form->bytes(), before);
+        Text(*form), "object A: TA\n  Caption = \n    '" + std::string(64, 'y') + "' +\n    'y'\n  Top = 1\nend\n");
+    form->UndoTo(0);
+    EXPECT_EQ(form->Bytes(), before);
 }
 
 TEST(FormEdit, SpellsAValueAsItsNeighboursAreSpelled)
 {
     const auto form
-        = readForm("object A: TA\n  Caption = 'Op\xC3\xA7\xC3\xA3o'\n  Items.Strings = (\n    'a'\n    'b')\n"
+        = ReadForm("object A: TA\n  Caption = 'Op\xC3\xA7\xC3\xA3o'\n  Items.Strings = (\n    'a'\n    'b')\n"
                    "  Zoom = 2.000000000000000000\n  object B: TB [0]\n  end\nend\n",
             { u"Form.lfm"_s });
-    form->setProperty(form->root(), u"Items.Strings"_s, FormValue::strings({ u"a"_s, u"c"_s }));
-    form->setProperty(form->root(), u"Zoom"_s, FormValue::real(2.5));
-    form->setIndex(*form->find(u"B"), 7);
-    EXPECT_EQ(text(*form),
+    form->SetProperty(form->Root(), u"Items.Strings"_s, FormValue::Strings({ u"a"_s, u"c"_s }));
+    form->SetProperty(form->Root(), u"Zoom"_s, FormValue::Real(2.5));
+    form->SetIndex(*form->Find(u"B"), 7);
+    EXPECT_EQ(Text(*form),
         "object A: TA\n  Caption = 'Op\xC3\xA7\xC3\xA3o'\n  Items.Strings = (\n    'a'\n    'c')\n"
         "  Zoom = 2.500000000000000000\n  object B: TB [7]\n  end\nend\n");
 }
@@ -186,21 +186,21 @@ TEST(FormEdit, SpellsAValueAsItsNeighboursAreSpelled)
 namespace {
 
 // The values of the corpus that would be spelled otherwise if they were set anew.
-void countOtherwise(const FormNode& node, const FormTextStyle& style, int& all, QStringList& otherwise)
+void CountOtherwise(const FormNode& node, const FormTextStyle& style, int& all, QStringList& otherwise)
 {
-    for (const auto* property : node.properties()) {
-        for (const auto* item : property->items())
-            countOtherwise(*item, style, all, otherwise);
-        if (property->isCollection())
+    for (const auto* property : node.Properties()) {
+        for (const auto* item : property->Items())
+            CountOtherwise(*item, style, all, otherwise);
+        if (property->IsCollection())
             continue;
         ++all;
-        const auto indent = formIndentOf(property->pieces().lead);
-        const auto anew = FormTextPrinter(style).value(property->value(), indent);
-        if (anew.trimmed() != property->valueBytes())
-            otherwise << node.name() + u'.' + property->name();
+        const auto indent = FormIndentOf(property->ThePieces().Lead);
+        const auto anew = FormTextPrinter(style).Value(property->Value(), indent);
+        if (anew.trimmed() != property->ValueBytes())
+            otherwise << node.Name() + u'.' + property->Name();
     }
-    for (const auto* child : node.children())
-        countOtherwise(*child, style, all, otherwise);
+    for (const auto* child : node.Children())
+        CountOtherwise(*child, style, all, otherwise);
 }
 
 }
@@ -210,10 +210,10 @@ TEST(FormEdit, SpellsNearlyEveryValueOfTheCorpusAsItStandsThere)
     int all = 0;
     QStringList otherwise;
     for (const auto& path : Corpus::files({ u"*.dfm"_s, u"*.lfm"_s })) {
-        const auto form = FormDocument::load(path);
+        const auto form = FormDocument::Load(path);
         ASSERT_TRUE(form);
-        if (form.value()->format() == FormFormat::Text)
-            countOtherwise(form.value()->root(), formStyleOf(form.value()->tree(), path), all, otherwise);
+        if (form.Value()->Format() == FormFormat::Text)
+            CountOtherwise(form.Value()->Root(), FormStyleOf(form.Value()->Tree(), path), all, otherwise);
     }
     if (all == 0)
         GTEST_SKIP() << "no corpus beside the checkout";
@@ -222,64 +222,64 @@ TEST(FormEdit, SpellsNearlyEveryValueOfTheCorpusAsItStandsThere)
 
 TEST(FormEdit, RemovesTheLinesOfAProperty)
 {
-    const auto form = readForm("object A: TA\n  Left = 1\n  SQL.Strings = (\n    'a'\n    'b')\n  Top = 2\nend\n");
-    EXPECT_TRUE(form->removeProperty(form->root(), u"sql.strings"));
-    EXPECT_FALSE(form->removeProperty(form->root(), u"sql.strings"));
-    EXPECT_EQ(text(*form), "object A: TA\n  Left = 1\n  Top = 2\nend\n");
+    const auto form = ReadForm("object A: TA\n  Left = 1\n  SQL.Strings = (\n    'a'\n    'b')\n  Top = 2\nend\n");
+    EXPECT_TRUE(form->RemoveProperty(form->Root(), u"sql.strings"));
+    EXPECT_FALSE(form->RemoveProperty(form->Root(), u"sql.strings"));
+    EXPECT_EQ(Text(*form), "object A: TA\n  Left = 1\n  Top = 2\nend\n");
 }
 
 TEST(FormEdit, AddsAChildAtAPosition)
 {
-    const auto form = readForm("object A: TA\n  object B: TB\n  end\n  object C: TC\n  end\nend\n");
-    form->addChild(form->root(), FormNode::Kind::Inherited, u"TD"_s, u"D"_s, 1);
-    form->addChild(form->root(), FormNode::Kind::Inline, u"TE"_s, QString(), 0);
-    EXPECT_EQ(text(*form),
+    const auto form = ReadForm("object A: TA\n  object B: TB\n  end\n  object C: TC\n  end\nend\n");
+    form->AddChild(form->Root(), FormNode::Kind::Inherited, u"TD"_s, u"D"_s, 1);
+    form->AddChild(form->Root(), FormNode::Kind::Inline, u"TE"_s, QString(), 0);
+    EXPECT_EQ(Text(*form),
         "object A: TA\n  inline TE\n  end\n  object B: TB\n  end\n  inherited D: TD\n  end\n  object C: TC\n  "
         "end\nend\n");
 }
 
 TEST(FormEdit, RemovesAChildWithAllItsLines)
 {
-    const auto form = readForm(withCollection());
-    EXPECT_TRUE(form->remove(*form->find(u"Grid")));
-    EXPECT_EQ(text(*form), "object Form1: TForm1\nend\n");
-    EXPECT_FALSE(form->remove(form->root()));
+    const auto form = ReadForm(WithCollection());
+    EXPECT_TRUE(form->Remove(*form->Find(u"Grid")));
+    EXPECT_EQ(Text(*form), "object Form1: TForm1\nend\n");
+    EXPECT_FALSE(form->Remove(form->Root()));
 }
 
 TEST(FormEdit, RenamesANodeInItsOneLine)
 {
     const auto form
-        = readForm("inherited A: TA\r\n  object  Old : TEdit [2]\r\n  end\r\n  object TX\r\n  end\r\nend\r\n");
-    auto& node = *form->find(u"Old");
-    form->rename(node, u"New"_s);
-    form->setClassName(node, u"TMemo"_s);
-    form->setIndex(node, 12);
-    form->rename(*form->root().children()[1], u"X"_s);
+        = ReadForm("inherited A: TA\r\n  object  Old : TEdit [2]\r\n  end\r\n  object TX\r\n  end\r\nend\r\n");
+    auto& node = *form->Find(u"Old");
+    form->Rename(node, u"New"_s);
+    form->SetClassName(node, u"TMemo"_s);
+    form->SetIndex(node, 12);
+    form->Rename(*form->Root().Children()[1], u"X"_s);
     EXPECT_EQ(
-        text(*form), "inherited A: TA\r\n  object New: TMemo [12]\r\n  end\r\n  object X: TX\r\n  end\r\nend\r\n");
-    EXPECT_EQ(node.name(), u"New"_s);
-    EXPECT_EQ(node.className(), u"TMemo"_s);
-    EXPECT_EQ(node.index(), 12);
-    form->setIndex(node, std::nullopt);
-    form->setKind(node, FormNode::Kind::Inherited);
-    form->rename(node, QString());
-    EXPECT_EQ(text(*form), "inherited A: TA\r\n  inherited TMemo\r\n  end\r\n  object X: TX\r\n  end\r\nend\r\n");
+        Text(*form), "inherited A: TA\r\n  object New: TMemo [12]\r\n  end\r\n  object X: TX\r\n  end\r\nend\r\n");
+    EXPECT_EQ(node.Name(), u"New"_s);
+    EXPECT_EQ(node.ClassName(), u"TMemo"_s);
+    EXPECT_EQ(node.Index(), 12);
+    form->SetIndex(node, std::nullopt);
+    form->SetKind(node, FormNode::Kind::Inherited);
+    form->Rename(node, QString());
+    EXPECT_EQ(Text(*form), "inherited A: TA\r\n  inherited TMemo\r\n  end\r\n  object X: TX\r\n  end\r\nend\r\n");
 }
 
 TEST(FormEdit, ReordersChildren)
 {
-    const auto form = readForm(
+    const auto form = ReadForm(
         "object A: TA\n  object B: TB\n    x = 1\n  end\n  object C: TC\n  end\n  object D: TD\n  end\nend\n");
-    EXPECT_TRUE(form->reorder(*form->find(u"B"), 2));
-    EXPECT_EQ(text(*form),
+    EXPECT_TRUE(form->Reorder(*form->Find(u"B"), 2));
+    EXPECT_EQ(Text(*form),
         "object A: TA\n  object C: TC\n  end\n  object D: TD\n  end\n  object B: TB\n    x = 1\n  end\nend\n");
-    EXPECT_EQ(form->find(u"B")->position(), 2);
-    EXPECT_FALSE(form->reorder(form->root(), 0));
+    EXPECT_EQ(form->Find(u"B")->Position(), 2);
+    EXPECT_FALSE(form->Reorder(form->Root(), 0));
 }
 
 TEST(FormEdit, MovesANodeToAnotherDepthWithItsLines)
 {
-    const auto form = readForm("object A: TA\n"
+    const auto form = ReadForm("object A: TA\n"
                                "  object B: TB\n"
                                "  end\n"
                                "  object C: TC\n"
@@ -293,8 +293,8 @@ TEST(FormEdit, MovesANodeToAnotherDepthWithItsLines)
                                "    end\n"
                                "  end\n"
                                "end\n");
-    EXPECT_TRUE(form->move(*form->find(u"C"), *form->find(u"B")));
-    EXPECT_EQ(text(*form),
+    EXPECT_TRUE(form->Move(*form->Find(u"C"), *form->Find(u"B")));
+    EXPECT_EQ(Text(*form),
         "object A: TA\n"
         "  object B: TB\n"
         "    object C: TC\n"
@@ -309,32 +309,32 @@ TEST(FormEdit, MovesANodeToAnotherDepthWithItsLines)
         "    end\n"
         "  end\n"
         "end\n");
-    EXPECT_FALSE(form->move(*form->find(u"B"), *form->find(u"D")));
-    EXPECT_FALSE(form->move(form->root(), *form->find(u"D")));
-    EXPECT_EQ(form->find(u"C")->name(), u"C"_s);
+    EXPECT_FALSE(form->Move(*form->Find(u"B"), *form->Find(u"D")));
+    EXPECT_FALSE(form->Move(form->Root(), *form->Find(u"D")));
+    EXPECT_EQ(form->Find(u"C")->Name(), u"C"_s);
 }
 
 TEST(FormEdit, EditsTheItemsOfACollectionAsNodes)
 {
-    const auto form = readForm(withCollection());
-    auto& grid = *form->find(u"Grid");
-    auto& added = form->addItem(grid, u"Columns"_s);
-    form->setProperty(added, u"Field"_s, FormValue::string(u"C"_s));
-    form->setProperty(*grid.property(u"Columns")->items()[0], u"Width"_s, FormValue::integer(9));
-    form->remove(*grid.property(u"Columns")->items()[1]);
+    const auto form = ReadForm(WithCollection());
+    auto& grid = *form->Find(u"Grid");
+    auto& added = form->AddItem(grid, u"Columns"_s);
+    form->SetProperty(added, u"Field"_s, FormValue::String(u"C"_s));
+    form->SetProperty(*grid.Property(u"Columns")->Items()[0], u"Width"_s, FormValue::Integer(9));
+    form->Remove(*grid.Property(u"Columns")->Items()[1]);
     EXPECT_EQ(
-        text(*form), withCollection().replace("'A'\n", "'A'\n        Width = 9\n").replace("'B'", "'C'").toStdString());
-    EXPECT_EQ(added.parent(), &grid);
-    EXPECT_EQ(added.collection(), grid.property(u"Columns"));
-    form->undoTo(0);
-    EXPECT_EQ(form->bytes(), withCollection());
+        Text(*form), WithCollection().replace("'A'\n", "'A'\n        Width = 9\n").replace("'B'", "'C'").toStdString());
+    EXPECT_EQ(added.Parent(), &grid);
+    EXPECT_EQ(added.Collection(), grid.Property(u"Columns"));
+    form->UndoTo(0);
+    EXPECT_EQ(form->Bytes(), WithCollection());
 }
 
 TEST(FormEdit, MakesACollectionForItsFirstItem)
 {
-    const auto form = readForm("object A: TA\n  Top = 1\nend\n");
-    form->addItem(form->root(), u"Params"_s);
-    EXPECT_EQ(text(*form), "object A: TA\n  Top = 1\n  Params = <\n    item\n    end>\nend\n");
+    const auto form = ReadForm("object A: TA\n  Top = 1\nend\n");
+    form->AddItem(form->Root(), u"Params"_s);
+    EXPECT_EQ(Text(*form), "object A: TA\n  Top = 1\n  Params = <\n    item\n    end>\nend\n");
 }
 
 TEST(FormEdit, LeavesTokensApartInFormsThatAreWrittenInOneLine)
@@ -342,208 +342,208 @@ TEST(FormEdit, LeavesTokensApartInFormsThatAreWrittenInOneLine)
     const QByteArray line
         = "object A:TA x=1 y='two'z=<item a=1 end item b=2 end>object B:TB end object TC q=(1 2)end end";
     for (int step = 0; step < 9; ++step) {
-        const auto form = readForm(line);
-        auto& root = form->root();
+        const auto form = ReadForm(line);
+        auto& root = form->Root();
         switch (step) {
         case 0:
-            form->setProperty(root, u"y"_s, FormValue::boolean(true));
+            form->SetProperty(root, u"y"_s, FormValue::Boolean(true));
             break;
         case 1:
-            form->removeProperty(root, u"y");
+            form->RemoveProperty(root, u"y");
             break;
         case 2:
-            form->setProperty(root, u"new"_s, FormValue::integer(1));
+            form->SetProperty(root, u"new"_s, FormValue::Integer(1));
             break;
         case 3:
-            form->addChild(root, FormNode::Kind::Object, u"TD"_s, u"D"_s, 1);
+            form->AddChild(root, FormNode::Kind::Object, u"TD"_s, u"D"_s, 1);
             break;
         case 4:
-            form->reorder(*root.children()[0], 1);
+            form->Reorder(*root.Children()[0], 1);
             break;
         case 5:
-            form->addItem(root, u"z"_s, 0);
+            form->AddItem(root, u"z"_s, 0);
             break;
         case 6:
-            form->reorder(*root.property(u"z")->items()[0], 1);
+            form->Reorder(*root.Property(u"z")->Items()[0], 1);
             break;
         case 7:
-            form->move(*root.children()[1], *root.children()[0]);
+            form->Move(*root.Children()[1], *root.Children()[0]);
             break;
         default:
-            form->remove(*root.children()[0]);
+            form->Remove(*root.Children()[0]);
         }
-        const auto again = readForm(form->bytes());
-        EXPECT_EQ(again->root().children().size(), form->root().children().size()) << step;
-        EXPECT_EQ(again->root().properties().size(), form->root().properties().size()) << step;
-        EXPECT_EQ(again->root().property(u"z")->value(), form->root().property(u"z")->value()) << step;
-        form->undoTo(0);
-        EXPECT_EQ(form->bytes(), line) << step;
+        const auto again = ReadForm(form->Bytes());
+        EXPECT_EQ(again->Root().Children().size(), form->Root().Children().size()) << step;
+        EXPECT_EQ(again->Root().Properties().size(), form->Root().Properties().size()) << step;
+        EXPECT_EQ(again->Root().Property(u"z")->Value(), form->Root().Property(u"z")->Value()) << step;
+        form->UndoTo(0);
+        EXPECT_EQ(form->Bytes(), line) << step;
     }
 }
 
 TEST(FormEdit, EditsABinaryFormAsItEditsText)
 {
-    const auto before = "TPF0" + binaryObject("TA", "A", "\4Left\2\1", binaryObject("TB", "B"));
-    const auto form = readForm(before);
-    auto& root = form->root();
-    form->setProperty(root, u"left"_s, FormValue::integer(300));
-    form->setProperty(root, u"Caption"_s, FormValue::string(u"x"_s));
-    auto& added = form->addChild(root, FormNode::Kind::Inherited, u"TC"_s, u"C"_s);
-    form->setProperty(added, u"Hint"_s, FormValue::string(u"\u20ac"_s));
-    form->rename(*form->find(u"B"), u"Bee"_s);
-    form->setIndex(*form->find(u"Bee"), 2);
+    const auto before = "TPF0" + BinaryObject("TA", "A", "\4Left\2\1", BinaryObject("TB", "B"));
+    const auto form = ReadForm(before);
+    auto& root = form->Root();
+    form->SetProperty(root, u"left"_s, FormValue::Integer(300));
+    form->SetProperty(root, u"Caption"_s, FormValue::String(u"x"_s));
+    auto& added = form->AddChild(root, FormNode::Kind::Inherited, u"TC"_s, u"C"_s);
+    form->SetProperty(added, u"Hint"_s, FormValue::String(u"\u20ac"_s));
+    form->Rename(*form->Find(u"B"), u"Bee"_s);
+    form->SetIndex(*form->Find(u"Bee"), 2);
     const auto after = "TPF0"
-        + binaryObject("TA", "A", "\4Left\3\x2C\1\7Caption\6\1x",
-            "\xF2\2\2" + binaryObject("TB", "Bee") + "\xF1"
-                + binaryObject("TC", "C", QByteArray("\4Hint\x12\1\0\0\0\xAC\x20", 12)));
-    EXPECT_EQ(form->bytes().toHex().toStdString(), after.toHex().toStdString());
-    form->undoTo(0);
-    EXPECT_EQ(form->bytes(), before);
+        + BinaryObject("TA", "A", "\4Left\3\x2C\1\7Caption\6\1x",
+            "\xF2\2\2" + BinaryObject("TB", "Bee") + "\xF1"
+                + BinaryObject("TC", "C", QByteArray("\4Hint\x12\1\0\0\0\xAC\x20", 12)));
+    EXPECT_EQ(form->Bytes().toHex().toStdString(), after.toHex().toStdString());
+    form->UndoTo(0);
+    EXPECT_EQ(form->Bytes(), before);
 }
 
 TEST(FormEdit, KeepsTheSizeInTheResourceHeaderRight)
 {
-    const auto body = "TPF0" + binaryObject("TA", "A");
+    const auto body = "TPF0" + BinaryObject("TA", "A");
     const QByteArray header("\xFF\x0A\0TA\0\x30\x10", 8);
-    const auto form = readForm(header + QByteArray("\x0B\0\0\0", 4) + body);
+    const auto form = ReadForm(header + QByteArray("\x0B\0\0\0", 4) + body);
     ASSERT_EQ(body.size(), 11);
-    form->setProperty(form->root(), u"Tag"_s, FormValue::integer(1));
-    const auto after = "TPF0" + binaryObject("TA", "A", "\3Tag\2\1");
+    form->SetProperty(form->Root(), u"Tag"_s, FormValue::Integer(1));
+    const auto after = "TPF0" + BinaryObject("TA", "A", "\3Tag\2\1");
     EXPECT_EQ(
-        form->bytes().toHex().toStdString(), (header + QByteArray("\x11\0\0\0", 4) + after).toHex().toStdString());
+        form->Bytes().toHex().toStdString(), (header + QByteArray("\x11\0\0\0", 4) + after).toHex().toStdString());
 }
 
 TEST(FormEdit, CountsOneStepForOneEditAndNoneForNoChange)
 {
-    const auto form = readForm(withCollection());
-    auto& grid = *form->find(u"Grid");
-    form->setProperty(grid, u"Left"_s, FormValue::integer(1));
-    form->rename(grid, u"Grid"_s);
-    EXPECT_EQ(form->position(), 0);
-    form->setProperty(grid, u"Items"_s, FormValue::collection({ {}, {} }));
-    EXPECT_EQ(form->position(), 1);
-    form->undoTo(0);
-    EXPECT_EQ(form->lastPosition(), 1);
-    form->setProperty(grid, u"Left"_s, FormValue::integer(2));
-    EXPECT_EQ(form->lastPosition(), 1);
-    form->redoTo(5);
-    EXPECT_EQ(form->position(), 1);
+    const auto form = ReadForm(WithCollection());
+    auto& grid = *form->Find(u"Grid");
+    form->SetProperty(grid, u"Left"_s, FormValue::Integer(1));
+    form->Rename(grid, u"Grid"_s);
+    EXPECT_EQ(form->Position(), 0);
+    form->SetProperty(grid, u"Items"_s, FormValue::Collection({ {}, {} }));
+    EXPECT_EQ(form->Position(), 1);
+    form->UndoTo(0);
+    EXPECT_EQ(form->LastPosition(), 1);
+    form->SetProperty(grid, u"Left"_s, FormValue::Integer(2));
+    EXPECT_EQ(form->LastPosition(), 1);
+    form->RedoTo(5);
+    EXPECT_EQ(form->Position(), 1);
 }
 
 namespace {
 
-std::vector<FormNode*> nodesOf(FormNode& root)
+std::vector<FormNode*> NodesOf(FormNode& root)
 {
     std::vector<FormNode*> all { &root };
     for (size_t i = 0; i < all.size(); ++i) {
         auto* node = all[i];
-        all.insert(all.end(), node->children().begin(), node->children().end());
-        for (auto* property : node->properties())
-            all.insert(all.end(), property->items().begin(), property->items().end());
+        all.insert(all.end(), node->Children().begin(), node->Children().end());
+        for (auto* property : node->Properties())
+            all.insert(all.end(), property->Items().begin(), property->Items().end());
     }
     return all;
 }
 
-FormValue randomValue(std::mt19937& random)
+FormValue RandomValue(std::mt19937& random)
 {
     switch (random() % 7) {
     case 0:
-        return FormValue::integer(int(random()));
+        return FormValue::Integer(int(random()));
     case 1:
-        return FormValue::string(QString(int(random() % 100), QChar(char16_t(random() % 0x300 + 0x20))));
+        return FormValue::String(QString(int(random() % 100), QChar(char16_t(random() % 0x300 + 0x20))));
     case 2:
-        return FormValue::strings({ u"a"_s, u"b"_s });
+        return FormValue::Strings({ u"a"_s, u"b"_s });
     case 3:
-        return FormValue::collection({ { std::nullopt, { { u"x"_s, FormValue::integer(1) } } }, { 2, {} } });
+        return FormValue::Collection({ { std::nullopt, { { u"x"_s, FormValue::Integer(1) } } }, { 2, {} } });
     case 4:
-        return FormValue::set({ u"a"_s });
+        return FormValue::Set({ u"a"_s });
     case 5:
-        return FormValue::real(1.25);
+        return FormValue::Real(1.25);
     default:
-        return FormValue::identifier(u"clRed"_s);
+        return FormValue::Identifier(u"clRed"_s);
     }
 }
 
-void randomEdit(FormDocument& form, std::mt19937& random)
+void RandomEdit(FormDocument& form, std::mt19937& random)
 {
-    const auto all = nodesOf(form.root());
+    const auto all = NodesOf(form.Root());
     auto& node = *all[random() % all.size()];
-    const auto properties = node.properties();
+    const auto properties = node.Properties();
     auto* property = properties.empty() ? nullptr : properties[random() % properties.size()];
     switch (random() % 9) {
     case 0:
         if (property)
-            form.setProperty(node, property->name(), randomValue(random));
+            form.SetProperty(node, property->Name(), RandomValue(random));
         break;
     case 1:
-        form.setProperty(node, u"New%1"_s.arg(random() % 3), randomValue(random));
+        form.SetProperty(node, u"New%1"_s.arg(random() % 3), RandomValue(random));
         break;
     case 2:
         if (property)
-            form.removeProperty(*property);
+            form.RemoveProperty(*property);
         break;
     case 3:
-        if (node.kind() != FormNode::Kind::Item)
-            form.addChild(node, FormNode::Kind::Object, u"TNew"_s, u"New"_s, int(random() % 4) - 1);
+        if (node.TheKind() != FormNode::Kind::Item)
+            form.AddChild(node, FormNode::Kind::Object, u"TNew"_s, u"New"_s, int(random() % 4) - 1);
         break;
     case 4:
-        form.addItem(node, u"Items"_s, int(random() % 4) - 1);
+        form.AddItem(node, u"Items"_s, int(random() % 4) - 1);
         break;
     case 5:
-        form.remove(node);
+        form.Remove(node);
         break;
     case 6:
-        if (node.kind() != FormNode::Kind::Item)
-            form.rename(node, u"Name%1"_s.arg(random() % 9));
-        form.setIndex(node, random() % 2 ? std::optional(int(random() % 500)) : std::nullopt);
+        if (node.TheKind() != FormNode::Kind::Item)
+            form.Rename(node, u"Name%1"_s.arg(random() % 9));
+        form.SetIndex(node, random() % 2 ? std::optional(int(random() % 500)) : std::nullopt);
         break;
     case 7:
-        form.reorder(node, int(random() % 4));
+        form.Reorder(node, int(random() % 4));
         break;
     default:
-        if (auto& target = *all[random() % all.size()]; target.kind() != FormNode::Kind::Item)
-            form.move(node, target, int(random() % 4) - 1);
+        if (auto& target = *all[random() % all.size()]; target.TheKind() != FormNode::Kind::Item)
+            form.Move(node, target, int(random() % 4) - 1);
     }
 }
 
-std::string shape(const FormNode& node)
+std::string Shape(const FormNode& node)
 {
     QString said
-        = u"%1 %2:%3[%4]"_s.arg(int(node.kind())).arg(node.name(), node.className()).arg(node.index().value_or(-1));
-    for (const auto* property : node.properties())
-        said += u' ' + property->name() + u'/' + QString::number(property->items().size());
+        = u"%1 %2:%3[%4]"_s.arg(int(node.TheKind())).arg(node.Name(), node.ClassName()).arg(node.Index().value_or(-1));
+    for (const auto* property : node.Properties())
+        said += u' ' + property->Name() + u'/' + QString::number(property->Items().size());
     std::string all = said.toStdString();
-    for (const auto* property : node.properties())
-        for (const auto* item : property->items())
-            all += shape(*item);
+    for (const auto* property : node.Properties())
+        for (const auto* item : property->Items())
+            all += Shape(*item);
     all += '(';
-    for (const auto* child : node.children())
-        all += shape(*child);
+    for (const auto* child : node.Children())
+        all += Shape(*child);
     return all + ')';
 }
 
 // A walk of edits: the bytes always read as the tree that is held, and going back step by step gives each earlier
 // state's bytes.
-void walk(const QByteArray& bytes, const std::string& where, unsigned seed, int steps)
+void Walk(const QByteArray& bytes, const std::string& where, unsigned seed, int steps)
 {
     std::mt19937 random(seed);
-    const auto form = readForm(bytes);
-    QList<QByteArray> states { form->bytes() };
+    const auto form = ReadForm(bytes);
+    QList<QByteArray> states { form->Bytes() };
     QList<int> positions { 0 };
     for (int i = 0; i < steps; ++i) {
-        randomEdit(*form, random);
-        states << form->bytes();
-        positions << form->position();
-        const auto again = FormDocument::read(states.back());
-        ASSERT_TRUE(again) << where << " seed " << seed << ' ' << qPrintable(again.error().toString());
-        ASSERT_EQ(shape(again.value()->root()), shape(form->root())) << where << " seed " << seed;
+        RandomEdit(*form, random);
+        states << form->Bytes();
+        positions << form->Position();
+        const auto again = FormDocument::Read(states.back());
+        ASSERT_TRUE(again) << where << " seed " << seed << ' ' << qPrintable(again.Error().ToString());
+        ASSERT_EQ(Shape(again.Value()->Root()), Shape(form->Root())) << where << " seed " << seed;
     }
     for (auto i = states.size() - 1; i >= 0; --i) {
-        form->undoTo(positions[i]);
-        ASSERT_EQ(form->bytes().toStdString(), states[i].toStdString()) << where << " seed " << seed;
+        form->UndoTo(positions[i]);
+        ASSERT_EQ(form->Bytes().toStdString(), states[i].toStdString()) << where << " seed " << seed;
     }
-    form->redoTo(form->lastPosition());
-    EXPECT_EQ(form->bytes().toStdString(), states.back().toStdString()) << where << " seed " << seed;
+    form->RedoTo(form->LastPosition());
+    EXPECT_EQ(form->Bytes().toStdString(), states.back().toStdString()) << where << " seed " << seed;
 }
 
 }
@@ -556,7 +556,7 @@ TEST(FormEdit, WalksAtRandomAndBackOverEveryHandwrittenForm)
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         const auto bytes = file.readAll();
         for (unsigned seed = 1; seed <= 20; ++seed)
-            walk(bytes, name.toStdString(), seed, 20);
+            Walk(bytes, name.toStdString(), seed, 20);
     }
 }
 
@@ -569,6 +569,6 @@ TEST(FormEdit, WalksAtRandomAndBackOverTheCorpus)
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         if (file.size() < 8000)
-            walk(file.readAll(), path.toStdString(), 7, 10);
+            Walk(file.readAll(), path.toStdString(), 7, 10);
     }
 }

@@ -18,10 +18,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 budget = 4000; // milliseconds; a slow machine tries fewer
-constexpr qsizetype largest = 30000; // bytes of a form to start from
+constexpr qint64 Budget = 4000; // milliseconds; a slow machine tries fewer
+constexpr qsizetype Largest = 30000; // bytes of a form to start from
 
-QList<QByteArray> startingForms()
+QList<QByteArray> StartingForms()
 {
     QStringList paths;
     const QDir own(QStringLiteral(MORVANE_SOURCE_DIR "/tests/data/forms"));
@@ -31,7 +31,7 @@ QList<QByteArray> startingForms()
     QList<QByteArray> forms;
     for (const auto& path : paths) {
         QFile file(path);
-        if (file.open(QIODevice::ReadOnly) && file.size() <= largest)
+        if (file.open(QIODevice::ReadOnly) && file.size() <= Largest)
             forms << file.readAll();
     }
     return forms;
@@ -40,84 +40,84 @@ QList<QByteArray> startingForms()
 class Mutator {
 public:
     explicit Mutator(unsigned seed)
-        : m_random(seed)
+        : FRandom(seed)
     {
     }
 
-    size_t below(size_t limit) { return limit ? m_random() % limit : 0; }
+    size_t Below(size_t limit) { return limit ? FRandom() % limit : 0; }
 
-    QByteArray mutate(QByteArray bytes)
+    QByteArray Mutate(QByteArray bytes)
     {
-        for (auto count = 1 + below(4); count > 0 && !bytes.isEmpty(); --count)
-            once(bytes);
+        for (auto count = 1 + Below(4); count > 0 && !bytes.isEmpty(); --count)
+            Once(bytes);
         return bytes;
     }
 
 private:
-    void once(QByteArray& bytes)
+    void Once(QByteArray& bytes)
     {
         static const QList<QByteArray> tokens { "object ", "inherited ", "end", "item", "<", ">", "(", ")", "[", "]",
             "{", "}", "'", "#", "+", "=", ":", ".", "$", "-", "1.5", "\r", "\n", "TPF0", "\xFF\x0A",
             QByteArray(1, '\0'), "\xFF\xFF\xFF\xFF", "\xEF\xBB\xBF", "\xE4" };
-        const auto at = qsizetype(below(size_t(bytes.size())));
-        const auto length = qsizetype(below(40));
-        switch (below(7)) {
+        const auto at = qsizetype(Below(size_t(bytes.size())));
+        const auto length = qsizetype(Below(40));
+        switch (Below(7)) {
         case 0:
-            bytes[at] = char(m_random());
+            bytes[at] = char(FRandom());
             break;
         case 1:
             bytes.remove(at, length);
             break;
         case 2:
-            bytes.insert(at, bytes.mid(qsizetype(below(size_t(bytes.size()))), length));
+            bytes.insert(at, bytes.mid(qsizetype(Below(size_t(bytes.size()))), length));
             break;
         case 3:
             bytes.truncate(at);
             break;
         case 4:
-            bytes[at] = char(bytes[at] ^ (1 << below(8)));
+            bytes[at] = char(bytes[at] ^ (1 << Below(8)));
             break;
         default:
-            bytes.insert(at, tokens[qsizetype(below(size_t(tokens.size())))]);
+            bytes.insert(at, tokens[qsizetype(Below(size_t(tokens.size())))]);
         }
     }
 
-    std::mt19937 m_random;
+    std::mt19937 FRandom;
 };
 
-qsizetype walk(const FormNode& node)
+qsizetype Walk(const FormNode& node)
 {
-    qsizetype size = node.name().size() + node.className().size();
-    for (const auto* property : node.properties())
-        size += property->name().size() + property->value().spelling().size();
-    for (const auto* child : node.children())
-        size += walk(*child);
+    qsizetype size = node.Name().size() + node.ClassName().size();
+    for (const auto* property : node.Properties())
+        size += property->Name().size() + property->Value().Spelling().size();
+    for (const auto* child : node.Children())
+        size += Walk(*child);
     return size;
 }
 
-void tryForm(const QByteArray& bytes)
+void TryForm(const QByteArray& bytes)
 {
-    const auto read = FormDocument::read(bytes, { u"F.dfm"_s });
+    const auto read = FormDocument::Read(bytes, { u"F.dfm"_s });
     if (!read) {
-        EXPECT_FALSE(read.error().message.isEmpty());
-        EXPECT_GE(read.error().offset, 0);
-        EXPECT_LE(read.error().offset, bytes.size());
+        EXPECT_FALSE(read.Error().Message.isEmpty());
+        EXPECT_GE(read.Error().Offset, 0);
+        EXPECT_LE(read.Error().Offset, bytes.size());
         return;
     }
-    auto& form = *read.value();
-    EXPECT_EQ(form.bytes(), bytes);
-    walk(form.root());
+    auto& form = *read.Value();
+    EXPECT_EQ(form.Bytes(), bytes);
+    Walk(form.Root());
     const auto other
-        = form.format() == FormFormat::Text ? FormConverter::toBinary(form) : FormConverter::toText(form, {});
-    form.setProperty(form.root(), u"Caption"_s, FormValue::string(u"changed"_s));
-    form.addChild(form.root(), FormNode::Kind::Object, u"TNew"_s, u"New"_s);
-    EXPECT_TRUE(FormDocument::read(form.bytes()));
-    form.undoTo(0);
-    EXPECT_EQ(form.bytes(), bytes);
+        = form.Format() == FormFormat::Text ? FormConverter::ToBinary(form) : FormConverter::ToText(form, {});
+    form.SetProperty(form.Root(), u"Caption"_s, FormValue::String(u"changed"_s));
+    form.AddChild(form.Root(), FormNode::Kind::Object, u"TNew"_s, u"New"_s);
+    EXPECT_TRUE(FormDocument::Read(form.Bytes()));
+    form.UndoTo(0);
+    EXPECT_EQ(form.Bytes(), bytes);
     if (!other)
         return;
-    const auto again = FormDocument::read(other.value());
-    EXPECT_TRUE(again) << qPrintable(again.error().toString());
+    const auto again = FormDocument::Read(other.Value());
+    EXPECT_TRUE(again) << qPrintable(again.Error().ToString());
 }
 
 }
@@ -126,15 +126,15 @@ TEST(FormFuzz, ReadsOrRefusesEveryMutatedForm)
 {
     const auto seed = unsigned(qEnvironmentVariableIntValue("MORVANE_FUZZ_SEED"));
     std::cout << "seed " << seed << " (MORVANE_FUZZ_SEED names another one)\n";
-    const auto forms = startingForms();
+    const auto forms = StartingForms();
     ASSERT_FALSE(forms.isEmpty());
     QElapsedTimer timer;
     timer.start();
     int count = 0;
-    while (count < 20000 && timer.elapsed() < budget && !testing::Test::HasFailure()) {
+    while (count < 20000 && timer.elapsed() < Budget && !testing::Test::HasFailure()) {
         Mutator mutator(seed + unsigned(count++));
-        const auto bytes = mutator.mutate(forms[qsizetype(mutator.below(size_t(forms.size())))]);
-        tryForm(bytes);
+        const auto bytes = mutator.Mutate(forms[qsizetype(mutator.Below(size_t(forms.size())))]);
+        TryForm(bytes);
         if (testing::Test::HasFailure())
             std::cout << "failed for seed " << seed << " at " << count << ": " << bytes.toPercentEncoding().constData()
                       << '\n';

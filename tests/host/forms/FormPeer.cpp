@@ -8,16 +8,16 @@
 
 namespace {
 
-const QString program = QStringLiteral(MORVANE_BIN_DIR "/formpeer");
+const QString Program = QStringLiteral(MORVANE_BIN_DIR "/formpeer");
 
-void write(const QString& path, const QByteArray& bytes)
+void Write(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
     file.write(bytes);
 }
 
-std::optional<QByteArray> readAll(const QString& path)
+std::optional<QByteArray> ReadAll(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
@@ -25,12 +25,12 @@ std::optional<QByteArray> readAll(const QString& path)
 
 }
 
-bool FormPeer::isThere()
+bool FormPeer::IsThere()
 {
-    return QFile::exists(program);
+    return QFile::exists(Program);
 }
 
-QList<std::optional<QByteArray>> FormPeer::convert(const QList<QByteArray>& inputs)
+QList<std::optional<QByteArray>> FormPeer::Convert(const QList<QByteArray>& inputs)
 {
     const QTemporaryDir folder;
     const auto place = [&folder](const char* kind, qsizetype i) {
@@ -38,15 +38,15 @@ QList<std::optional<QByteArray>> FormPeer::convert(const QList<QByteArray>& inpu
     };
     QByteArray list;
     for (qsizetype i = 0; i < inputs.size(); ++i) {
-        write(place("in", i), inputs[i]);
+        Write(place("in", i), inputs[i]);
         list += place("in", i).toUtf8() + '\t' + place("out", i).toUtf8() + '\n';
     }
-    write(folder.filePath(QStringLiteral("list")), list);
+    Write(folder.filePath(QStringLiteral("list")), list);
     QProcess peer;
-    peer.start(program, { QStringLiteral("convert"), folder.filePath(QStringLiteral("list")) });
+    peer.start(Program, { QStringLiteral("convert"), folder.filePath(QStringLiteral("list")) });
     EXPECT_TRUE(peer.waitForFinished(-1)) << qPrintable(peer.errorString());
     QList<std::optional<QByteArray>> outputs;
     for (qsizetype i = 0; i < inputs.size(); ++i)
-        outputs << readAll(place("out", i));
+        outputs << ReadAll(place("out", i));
     return outputs;
 }
