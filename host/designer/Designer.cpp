@@ -31,6 +31,7 @@ void Designer::Open(std::unique_ptr<FormDocument> document, QByteArray text, Pro
 void Designer::Attach()
 {
     FForm->Root()->SetDesignerHook(this);
+    NoteFrames();
 }
 
 void Designer::Close()

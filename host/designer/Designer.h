@@ -75,6 +75,8 @@ public:
     QString UniqueName(TClass aClass) const;
     // Sets the links that lead to other forms, for one that was just opened.
     void ResolveLinks();
+    // Frames that stand on the form are made anew where their own forms have changed since.
+    void FollowFrames();
     // A form that links led to is closing: they are kept and resolved when it is open again.
     class Quiet;
 
@@ -118,7 +120,8 @@ private:
 
     // The forms that inherit from this one follow.
     void InsertInDescendants(TComponent& component);
-    void InsertInherited(TComponent& original);
+    void PassOnInsertion(TComponent& component, FormNode* frame);
+    void InsertInherited(TComponent& original, FormNode* frame);
     void DeleteInDescendants(const QString& name);
     void RenameInDescendants(const QString& oldName, const QString& newName);
     void PassOn(TPersistent& instance, const QString& property);
@@ -128,6 +131,13 @@ private:
     void RenameRoot(const QString& oldName);
     void NoteRootClass();
     void RenameInOtherForms(const QString& oldName, const QString& newName);
+
+    // How the form of a frame, and of those that stand on it, stood when it was made.
+    using FrameState = QList<std::pair<const FormDocument*, int>>;
+    void NoteFrames();
+    QList<FormNode*> FrameNodes() const;
+    FrameState StateOf(const QString& frameClass, QStringList passed = {});
+    void RemakeFrame(FormNode& node);
 
     // After an undo.
     void RestoreUnit(const UndoState& state);
@@ -145,6 +155,7 @@ private:
     QByteArray FText;
     // The class of the form as its site knows it.
     QString FKnownClass;
+    QHash<QString, FrameState> FFrames;
     QList<WeakRef<TPersistent>> FSelection;
     // While above 0, changes of live components are not written to the file.
     int FQuiet = 0;

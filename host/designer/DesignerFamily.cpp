@@ -60,19 +60,31 @@ TPersistent* Designer::Inherited(const TPersistent& part) const
 
 void Designer::InsertInDescendants(TComponent& component)
 {
+    PassOnInsertion(component, component.HasState(csInline) ? FForm->NodeOf(&component) : nullptr);
+}
+
+// `frame` is what the file of the form where it stands first says of a frame.
+void Designer::PassOnInsertion(TComponent& component, FormNode* frame)
+{
     const WeakRef<TComponent> kept(&component);
     for (auto* descendant : FSite.DescendantDesigners())
         if (kept && descendant->Root() && component.Owner() == Root())
-            descendant->InsertInherited(component);
+            descendant->InsertInherited(component, frame);
 }
 
-void Designer::InsertInherited(TComponent& original)
+void Designer::InsertInherited(TComponent& original, FormNode* frame)
 {
     if (Root()->FindComponent(original.Name()))
         return;
-    const WeakRef<TComponent> origin(&original);
     TComponent* made = nullptr;
-    {
+    if (frame) {
+        const Quiet quiet(*this);
+        auto* parent = original.GetParentComponent();
+        auto* ownParent = parent && parent->Owner() ? Root()->FindComponent(parent->Name()) : Root();
+        made = FForm->BuildInheritedFrame(*frame, ownParent ? *ownParent : *Root(), RootFinder());
+        if (!made)
+            return;
+    } else {
         const Quiet quiet(*this);
         made = dynamic_cast<TComponent*>(original.ClassType().Create(Root()));
         made->SetComponentState(csDesigning | csAncestor);
@@ -89,7 +101,7 @@ void Designer::InsertInherited(TComponent& original)
     const WeakRef<TComponent> kept(made);
     TellInserted(*made);
     if (kept)
-        InsertInDescendants(*made);
+        PassOnInsertion(*made, frame);
     TellModified();
 }
 

@@ -160,7 +160,7 @@ void Designer::MakeWhatIsNew(const QList<FormNode*>& nodes)
         Select(present);
 }
 
-// The value that holds when the file says nothing: the ancestor's, else the class's own.
+// The value that holds when the file says nothing: the ancestor's or the frame's, else the class's own.
 void Designer::ReadUnsaid(TComponent& component, const QString& path)
 {
     const auto place = FormProperties::FindWhole(component, path);
@@ -168,7 +168,7 @@ void Designer::ReadUnsaid(TComponent& component, const QString& path)
     const FormProperties::Taking taking(component);
     if (auto* inherited = Inherited(*place.Instance))
         TakeOver(*inherited, &component == Root() ? QString() : component.Name(), place.Name);
-    else
+    else if (!FForm->ReadFromFrame(component, path, RootFinder()))
         FormProperties::Reset(component, path);
 }
 

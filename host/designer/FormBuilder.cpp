@@ -39,6 +39,14 @@ TComponent* FormBuilder::BuildChild(FormNode& node, TComponent& parent, TCompone
     return made;
 }
 
+TComponent* FormBuilder::BuildInherited(FormNode& node, TComponent& parent, TComponent& owner)
+{
+    auto* made = Child(node, parent, owner, Layer::Ancestor);
+    if (made)
+        Apply(node, *made, made->HasState(csInline) ? *made : owner, Layer::Ancestor);
+    return made;
+}
+
 namespace {
 
 TClass GuessedBase(const FormNode& node, const QString& group)

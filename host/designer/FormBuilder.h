@@ -26,6 +26,8 @@ public:
     TComponent* Build(FormDocument& document);
     // One component of the form, with all that its node holds, below its parent.
     TComponent* BuildChild(FormNode& node, TComponent& parent, TComponent& owner);
+    // The same of an ancestor's node, for a form that inherits it.
+    TComponent* BuildInherited(FormNode& node, TComponent& parent, TComponent& owner);
     // The class of an object of the form; the placeholder for one that nobody knows.
     TClass ClassOf(const FormNode& node);
     // Reads a node's properties again.

@@ -309,6 +309,21 @@ bool LiveForm::IsInFile(const FormNode& node) const
     return false;
 }
 
+// What frames hold beside them, all of it known from now on.
+QList<TComponent*> LiveForm::WithInner(const QList<TComponent*>& made)
+{
+    QList<TComponent*> inner;
+    for (auto* component : made)
+        Gather(*component, inner);
+    auto all = made;
+    for (auto* component : std::as_const(inner))
+        if (!all.contains(component))
+            all << component;
+    for (const auto* component : std::as_const(all))
+        Know(*component);
+    return all;
+}
+
 QList<TComponent*> LiveForm::BuildNode(FormNode& node, const FormLinks::FindRoot& otherRoot)
 {
     auto* parentNode = node.Parent();
@@ -326,7 +341,18 @@ QList<TComponent*> LiveForm::BuildNode(FormNode& node, const FormLinks::FindRoot
     });
     builder.BuildChild(node, *parent, *owner);
     FLinks.Resolve(*FRoot, otherRoot);
-    TellLoaded(made);
+    TellLoaded(WithInner(made));
+    return made;
+}
+
+TComponent* LiveForm::BuildInheritedFrame(FormNode& ancestors, TComponent& parent, const FormLinks::FindRoot& otherRoot)
+{
+    FormBuilder builder(FSource, FLinks, FLateProblems);
+    auto* made = builder.BuildInherited(ancestors, parent, *FRoot);
+    if (!made)
+        return nullptr;
+    FLinks.Resolve(*FRoot, otherRoot);
+    TellLoaded(WithInner({ made }));
     return made;
 }
 
@@ -341,6 +367,19 @@ bool LiveForm::ReadProperty(const FormNode& node, const QString& property, const
     const auto place = FormProperties::Find(*component, property);
     FLinks.Forget(place.Instance, place.Name);
     FormProperties::Read(*component, *line, *scope, FLinks);
+    FLinks.Resolve(*FRoot, otherRoot);
+    return true;
+}
+
+bool LiveForm::ReadFromFrame(TComponent& component, const QString& property, const FormLinks::FindRoot& otherRoot)
+{
+    auto* frame = component.HasState(csInline) ? &component : component.Owner();
+    const auto* document = frame && frame->HasState(csInline) ? FSource.DocumentOf(frame->ClassName()) : nullptr;
+    const auto* node = !document ? nullptr : frame == &component ? &document->Root() : document->Find(component.Name());
+    const auto* line = node ? node->Property(property) : nullptr;
+    if (!line)
+        return false;
+    FormProperties::Read(component, *line, *frame, FLinks);
     FLinks.Resolve(*FRoot, otherRoot);
     return true;
 }

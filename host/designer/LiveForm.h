@@ -66,10 +66,14 @@ public:
 
     // Makes the components of a node that has none; gives them, parents first.
     QList<TComponent*> BuildNode(FormNode& node, const FormLinks::FindRoot& otherRoot);
+    // A frame that an ancestor's form holds, with all that is on it, for this form that inherits it.
+    TComponent* BuildInheritedFrame(FormNode& ancestors, TComponent& parent, const FormLinks::FindRoot& otherRoot);
     void Bind(FormNode& node, TComponent& component);
     void Unbind(const TComponent& component);
     // Reads the property from the file; false when the file says nothing of it.
     bool ReadProperty(const FormNode& node, const QString& property, const FormLinks::FindRoot& otherRoot);
+    // Reads it from the file of the frame that the component is or stands on; false where that says nothing of it.
+    bool ReadFromFrame(TComponent& component, const QString& property, const FormLinks::FindRoot& otherRoot);
     // Whether the node stands in the file now.
     bool IsInFile(const FormNode& node) const;
 
@@ -79,6 +83,7 @@ public:
     std::function<void()> OnEdit;
 
 private:
+    QList<TComponent*> WithInner(const QList<TComponent*>& made);
     FormNode& ParentNode(TComponent& component);
     void WriteCollection(TCollection& collection, FormNode& node, const QString& path);
     void WriteStrings(const TStrings& strings, FormNode& node, const QString& path);

@@ -215,8 +215,10 @@ void Module::BringToFront(View view)
     if (!FIsOpen)
         return;
     FView = HasDesigner() ? view : View::Source;
-    if (FView == View::Form)
+    if (FView == View::Form) {
         FDesigner->Resurrect();
+        FDesigner->FollowFrames();
+    }
     FHost.SetFront(*this);
     if (FView == View::Form)
         FFormEditor->Tell([](IOTAFormNotifier& listener) { listener.FormActivated(); });
