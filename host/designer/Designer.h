@@ -146,9 +146,10 @@ private:
     void AdjustNodes(const QList<FormNode*>& nodes);
     void MakeNode(FormNode& node, QList<WeakRef<TComponent>>& made);
     void ReadUnsaid(TComponent& component, const QString& path);
-    void OrderFields(const QList<FormNode*>& nodes);
+    void OrderFields(const QList<FormNode*>& nodes, QList<WeakRef<TComponent>>& changed);
     void MakeWhatIsNew(const QList<FormNode*>& nodes);
-    void ReadTouched(const QList<FormTouch>& touches);
+    void ReadTouched(const QList<FormTouch>& touches, QList<WeakRef<TComponent>>& changed);
+    void SelectChanged(const QList<WeakRef<TComponent>>& changed);
 
     DesignerSite& FSite;
     std::unique_ptr<LiveForm> FForm;

@@ -55,9 +55,24 @@ void Designer::Reconcile(const QList<FormTouch>& touches)
     DropWhatIsGone(nodes);
     AdjustNodes(nodes);
     MakeWhatIsNew(nodes);
-    OrderFields(nodes);
-    ReadTouched(touches);
+    QList<WeakRef<TComponent>> changed;
+    OrderFields(nodes, changed);
+    ReadTouched(touches, changed);
+    SelectChanged(changed);
     TellModified();
+}
+
+// Listeners are told of the selection as modified: what changed is part of it, or becomes it.
+void Designer::SelectChanged(const QList<WeakRef<TComponent>>& changed)
+{
+    const auto selected = Selection();
+    QList<TPersistent*> present;
+    for (const auto& component : changed)
+        if (component && !present.contains(component.get()))
+            present << component.get();
+    const auto isSelected = [&selected](TPersistent* item) { return selected.contains(item); };
+    if (!std::all_of(present.cbegin(), present.cend(), isSelected))
+        Select(present);
 }
 
 void Designer::DropWhatIsGone(const QList<FormNode*>& nodes)
@@ -96,7 +111,7 @@ void Designer::AdjustNodes(const QList<FormNode*>& nodes)
 }
 
 // The fields of every dataset that was touched stand in the order of the file.
-void Designer::OrderFields(const QList<FormNode*>& nodes)
+void Designer::OrderFields(const QList<FormNode*>& nodes, QList<WeakRef<TComponent>>& changed)
 {
     QSet<const FormNode*> parents;
     for (const auto* node : nodes)
@@ -108,6 +123,8 @@ void Designer::OrderFields(const QList<FormNode*>& nodes)
             auto* field = FForm->ComponentOf(node);
             if (!field || !DataKinds::IsField(*field) || field->HasState(csAncestor))
                 continue;
+            if (GetPropValue(field, QStringLiteral("Index")).toInt() != index)
+                changed << WeakRef<TComponent>(field);
             SetPropValue(field, QStringLiteral("Index"), index++);
             PassOn(*field, QStringLiteral("Index"));
         }
@@ -172,10 +189,9 @@ void Designer::ReadUnsaid(TComponent& component, const QString& path)
         FormProperties::Reset(component, path);
 }
 
-void Designer::ReadTouched(const QList<FormTouch>& touches)
+void Designer::ReadTouched(const QList<FormTouch>& touches, QList<WeakRef<TComponent>>& changed)
 {
     QSet<std::pair<FormNode*, QString>> seen;
-    QList<WeakRef<TComponent>> changed;
     QList<WeakRef<TComponent>> unsaid;
     for (const auto& touch : touches) {
         const WeakRef<TComponent> component(FForm->ComponentOf(touch.Node));
@@ -198,12 +214,4 @@ void Designer::ReadTouched(const QList<FormTouch>& touches)
             FForm->Unbind(*component.get());
             FForm->Know(*component.get());
         }
-    if (!Selection().isEmpty())
-        return;
-    QList<TPersistent*> present;
-    for (const auto& component : std::as_const(changed))
-        if (component && !present.contains(component.get()))
-            present << component.get();
-    if (!present.isEmpty())
-        Select(present);
 }

@@ -57,7 +57,7 @@ void TComponentList::StrProc(TComponent* component)
     attr->SetComponent(component);
     attr->SetComponentName(component->Name());
     if (auto* dataSetAttr = dynamic_cast<TDataSetAttr*>(attr.get())) {
-        dataSetAttr->FSessionName = TMrvUtils::ExtractConnectionName(component);
+        dataSetAttr->TakeSession(component);
         // SQL and script components have no fields.
         if (component->InheritsFrom(TDataSet::Class())) {
             dataSetAttr->IntfUpdateFields();

@@ -42,6 +42,8 @@ void TDataSetAttr::SetComponentName(const QString& name)
     if (!ancestor)
         return;
     ancestor->FDescendant = this;
+    ancestor->FDescendants.removeIf([this](const auto& each) { return !each || each == this; });
+    ancestor->FDescendants << TBackRef<TDataSetAttr>(this);
     if (!FTryExtractAcnestorProp)
         return;
     FSessionName = ancestor->FSessionName;
@@ -110,6 +112,12 @@ void TDataSetAttr::GetSessionName(QString& name)
         name = sConnectionUnassigned;
 }
 
+void TDataSetAttr::TakeSession(TComponent* component)
+{
+    FSessionName = TMrvUtils::ExtractConnectionName(component);
+    FSessionConnection = WeakRef<TComponent>(TMrvUtils::ExtractConnection(component));
+}
+
 void TDataSetAttr::IntfGetSessionName(QString& name)
 {
     GetSessionName(name);
@@ -164,9 +172,12 @@ void TDataSetAttr::SetConnection(const QString& formName, const QString& connect
     TMrvUtils::AssignConnections(component, connection);
     if (const auto designer = InterfaceCast<IDesigner>(FindRootDesigner(component)))
         designer->Modified();
-    // The change came back by the designer only if the dataset is selected there.
-    FSessionName = TMrvUtils::ExtractConnectionName(component);
-    FSessionChanged = true;
+    // The change came back by the designer only if the dataset is selected there, and inheriting forms follow it.
+    const auto family = FDataSetList->DescendantsOf(*this) << held;
+    for (const auto& each : family) {
+        each->TakeSession(each->GetComponent());
+        each->FSessionChanged = true;
+    }
     if (const auto events = Events())
         events->OnSessionChanged();
 }

@@ -119,6 +119,8 @@ public:
     // 0 when it is done, 1 when refused: a field of the parent form.
     int DeleteFieldComponent(TField* field);
     void SetIsMasterSourcePresent(bool value);
+    // Remembers the connection that the component has.
+    void TakeSession(TComponent* component);
     int InternalCreateControl(
         TComponent* target, const InterfacePtr<IDesigner>& designer, int x, int y, bool withLabel);
 
@@ -132,11 +134,17 @@ public:
     TMrvObjectList FFieldDefsList;
     // Name of the connection component.
     QString FSessionName;
+    // The connection that the name is of: two forms may have one of a name.
+    WeakRef<TComponent> FSessionConnection;
     // Made on demand.
     std::unique_ptr<TfmDataPreview> FDataPreview;
     bool FIsMasterSourcePresent = false;
+    // The master that the sink knows of.
+    TBackRef<TDataSetAttr> FMaster;
     // The same dataset on the inheriting form: the last that linked.
     TBackRef<TDataSetAttr> FDescendant;
+    // The same dataset on every inheriting form that linked; some may be gone.
+    QList<TBackRef<TDataSetAttr>> FDescendants;
     // The same dataset on the parent form.
     TBackRef<TDataSetAttr> FAncestor;
     // Saved values of SaveFieldDefsInfo.

@@ -88,6 +88,9 @@ public:
     // The wrapper of the same dataset on the form that the component's form inherits from, or nil.
     TDataSetAttr* FindDataSetAncestor(TComponent* component, const QString& name) const;
 
+    // The same dataset on every form that inherits from its form, and on those that inherit from these.
+    QList<InterfacePtr<TDataSetAttr>> DescendantsOf(const TDataSetAttr& attr) const;
+
     // A new wrapper; nil for nil.
     TFormAttr* CreateFormAttr(TComponent* component);
     TConnectionAttr* CreateConnectionAttr(TComponent* component);
@@ -129,6 +132,11 @@ public:
     void InternalUpdateFieldDefs(TDataSetAttr* attr, bool notify, bool force);
     void InternalOnItemModified(
         const InterfacePtr<IDesigner>& designer, const InterfacePtr<IDesignerSelections>& selections);
+    // Tells the sink of the units with datasets that have another master than it knows of, but the one that it has just
+    // drawn.
+    void RefreshMasters(const QString& drawnUnit);
+    // Notes the dataset's present master; whether it is another one.
+    bool TakeMaster(TDataSetAttr& attr) const;
     // Mark for removal: all datasets of a unit, or one wrapper.
     void PrepareDelete(const QString& unitName);
     void PrepareDelete(TCustomComponentAttr* attr);
@@ -158,6 +166,8 @@ public:
     std::unique_ptr<TDefferedDescendantFieldCallBack> FDefferedDescendantFieldCallBack;
     // A BeginUpdate that OnItemDeleted sent awaits its EndUpdate.
     bool FNeedEndUpdate = false;
+    // A data source came, went or changed; looked after with the modification that follows.
+    bool FMastersMayDiffer = false;
 
 private:
     class TModifiedItems;
@@ -175,6 +185,7 @@ private:
         TComponent* component, const QString& name, const QString& unitName);
     void DeleteConnection(TComponent* component);
     void RenameConnection(TConnectionAttr& attr, TCustomZAConnection* connection);
+    void LinkInherited();
     void RegroupUsersOf(TCustomZAConnection* connection);
     void DeleteMarkedField(TDataSetAttr* dataSet, TField* field);
     void SelectOne(IMrvCustomComponentAttr& item, const InterfacePtr<IDesigner>& activeDesigner);

@@ -51,6 +51,8 @@ void TDataSetList::BuildDataSetList(WordBool clearFirst)
         else
             BuildFromOpenModules(project, list);
     }
+    for (int i = 0; i < GetItemCount(); ++i)
+        TakeMaster(*GetItem(i));
     if (IsEventEnabled(deDataSetListLoad) && FEvents)
         FEvents->OnProjectOpened();
 }

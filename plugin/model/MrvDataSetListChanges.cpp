@@ -3,6 +3,7 @@
 #include "data/TCustomZAConnection.h"
 #include "data/TCustomZASQL.h"
 #include "data/TDataSet.h"
+#include "data/TDataSource.h"
 #include "data/TField.h"
 #include "ide/MrvDeferredCallbacks.h"
 #include "ide/MrvSvcManager.h"
@@ -80,13 +81,16 @@ InterfacePtr<IMrvCustomComponentAttr> TDataSetList::InsertDataSet(
     attr->SetFormName(TMrvUtils::GetOwnerName(component));
     attr->FUnitName = unitName;
     attr->SetComponent(component);
-    attr->FSessionName = TMrvUtils::ExtractConnectionName(component);
+    attr->TakeSession(component);
     attr->SetComponentName(name);
     attr->FSelected = true;
     attr->FIsInserted = true;
     FItem.Add(attr.get());
     FItem.Sort();
     FEvents->OnComponentInsert(attr);
+    // One that follows its parent form is not selected for it: its connection is looked at once that has settled.
+    if (component->HasState(csAncestor))
+        FDefferedOnSessionChange->AddItem(attr.get(), false);
     return attr;
 }
 
@@ -122,6 +126,8 @@ InterfacePtr<IMrvCustomComponentAttr> TDataSetList::DoComponentInserted(
         return InsertDataSet(component, name, unitName);
     if (component->InheritsFrom(TCustomZAConnection::Class()) && FSvcManager->GetActivePrj())
         return InsertConnection(component, name, unitName);
+    if (component->InheritsFrom(TDataSource::Class()))
+        FMastersMayDiffer = true;
     auto* field = dynamic_cast<TField*>(component);
     if (!field)
         return nullptr;
@@ -144,6 +150,8 @@ void TDataSetList::DoComponentDelete(TObject*, TComponent* component)
     }
     if (dynamic_cast<TCustomZAConnection*>(component))
         DeleteConnection(component);
+    if (dynamic_cast<TDataSource*>(component))
+        FMastersMayDiffer = true;
 }
 
 // The datasets of the connection are regrouped before its node goes, those on other forms too: they stand below it.
@@ -165,7 +173,7 @@ void TDataSetList::DeleteConnection(TComponent* component)
     FDefferdDeleteDataSet->AddItem(connection, false);
 }
 
-// A form that was opened brings the connections of datasets on other forms back.
+// Datasets on other forms: a form that was opened brings their connections back, one that closes takes them.
 void TDataSetList::RegroupUsersOf(TCustomZAConnection* connection)
 {
     for (auto* dataSet : connection->DataSets()) {
@@ -304,8 +312,14 @@ void TDataSetList::InternalUpdateFieldDefs(TDataSetAttr* attr, bool notify, bool
         FEvents->OnRefershChildObject(held, QString(), FieldAdded);
 }
 
+// The datasets of other forms lose the connections that go with the unit; they are regrouped once it is closed.
 void TDataSetList::PrepareDelete(const QString& unitName)
 {
+    for (int i = 0; i < FConnectionItem.Count(); ++i) {
+        auto* connection = dynamic_cast<TCustomZAConnection*>(GetConnection(i)->FComponent.get());
+        if (connection && SameText(TMrvUtils::ExtractUnitName(connection), unitName))
+            RegroupUsersOf(connection);
+    }
     for (int i = 0; i < GetItemCount(); ++i)
         if (SameText(GetItem(i)->FUnitName, unitName))
             PrepareDelete(GetItem(i));

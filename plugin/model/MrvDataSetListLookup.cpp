@@ -147,6 +147,25 @@ TDataSetAttr* TDataSetList::FindDataSetAncestor(TComponent* component, const QSt
     return ancestor ? GetDataSetAttrByObj(ancestor->GetComponent(name)) : nullptr;
 }
 
+QList<InterfacePtr<TDataSetAttr>> TDataSetList::DescendantsOf(const TDataSetAttr& attr) const
+{
+    QList<InterfacePtr<TDataSetAttr>> found;
+    QSet<const TDataSetAttr*> family { &attr };
+    const auto add = [&](const TDataSetAttr& ancestor) {
+        for (const auto& each : ancestor.FDescendants) {
+            auto* descendant = each.get();
+            if (!descendant || !(descendant->FAncestor == &ancestor) || family.contains(descendant))
+                continue;
+            family.insert(descendant);
+            found << InterfacePtr<TDataSetAttr>(descendant);
+        }
+    };
+    add(attr);
+    for (qsizetype i = 0; i < found.size(); ++i)
+        add(*found[i]);
+    return found;
+}
+
 QString TDataSetList::MakeSessionName(TCustomZAConnection* connection)
 {
     if (!connection)

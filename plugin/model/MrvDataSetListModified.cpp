@@ -3,6 +3,7 @@
 #include "classes/Forms.h"
 #include "data/TCustomZAConnection.h"
 #include "data/TCustomZADataSet.h"
+#include "data/TDataSource.h"
 #include "data/TField.h"
 #include "design/DesignIntf.h"
 #include "ide/MrvDeferredCallbacks.h"
@@ -43,8 +44,11 @@ private:
     bool DataSetModified(TComponent* component);
     void CarryToDescendants(TDataSetAttr& attr, const QString& newSession);
     void CarryConnection(TDataSetAttr& attr, TDataSetAttr& descendant);
+    static bool HasOtherSession(TDataSetAttr& attr, const QString& newSession);
+    void MasterModified(TDataSetAttr& attr);
     void SetSession(TDataSetAttr& attr, const QString& newSession);
     void FieldModified(TField* field);
+    void OrderModified(TDataSetAttr& attr);
     void FormModified(TComponent* form);
     TFormAttr* KnownForm(TComponent* form);
     QString RenameFormOf(TMrvObjectList& list, TComponent* form);
@@ -64,6 +68,8 @@ void TDataSetList::InternalOnItemModified(
     for (int i = 0; i < selections->GetCount(); ++i)
         if (!items.Compare(selections->Get(i)))
             return;
+    if (FMastersMayDiffer)
+        RefreshMasters({});
 }
 
 void TDataSetList::TModifiedItems::NeedUpdate()
@@ -110,6 +116,8 @@ bool TDataSetList::TModifiedItems::Compare(TPersistent* item)
         FormModified(component);
     else if (auto* connection = dynamic_cast<TCustomZAConnection*>(component))
         ConnectionModified(connection);
+    else if (component->InheritsFrom(TDataSource::Class()))
+        FList.FMastersMayDiffer = true;
     return true;
 }
 
@@ -128,32 +136,49 @@ bool TDataSetList::TModifiedItems::DataSetModified(TComponent* component)
     if (component->InheritsFrom(TDataSet::Class())) {
         FList.InternalUpdateFieldDefs(attr.get(), false, false);
         attr->ValidateFieldDefs();
-        attr->SetIsMasterSourcePresent(GetMasterSource(component) != nullptr);
+        MasterModified(*attr);
         CarryToDescendants(*attr, newSession);
     }
-    if (attr->FIsInserted || !SameText(attr->FSessionName, newSession)) {
+    if (attr->FIsInserted || HasOtherSession(*attr, newSession)) {
         SetSession(*attr, newSession);
         attr->FIsInserted = false;
     }
     return true;
 }
 
+bool TDataSetList::TModifiedItems::HasOtherSession(TDataSetAttr& attr, const QString& newSession)
+{
+    return !SameText(attr.FSessionName, newSession)
+        || attr.FSessionConnection.get() != TMrvUtils::ExtractConnection(attr.GetComponent());
+}
+
+void TDataSetList::TModifiedItems::MasterModified(TDataSetAttr& attr)
+{
+    const bool isPresent = GetMasterSource(attr.GetComponent()) != nullptr;
+    const bool isTold = isPresent != attr.FIsMasterSourcePresent;
+    attr.SetIsMasterSourcePresent(isPresent);
+    if (!FList.TakeMaster(attr))
+        return;
+    if (!isTold)
+        FList.FEvents->OnRefreshDatasetList(attr.FUnitName, rmAdd);
+    // Inheriting forms follow.
+    FList.FMastersMayDiffer = true;
+}
+
 void TDataSetList::TModifiedItems::SetSession(TDataSetAttr& attr, const QString& newSession)
 {
+    attr.TakeSession(attr.GetComponent());
     attr.FSessionName = newSession;
     FList.FDefferedOnSessionChange->AddItem(&attr, false);
 }
 
 void TDataSetList::TModifiedItems::CarryToDescendants(TDataSetAttr& attr, const QString& newSession)
 {
-    QSet<const TDataSetAttr*> seen { &attr };
-    for (auto* d = attr.GetDescendant(); d && !seen.contains(d); d = d->GetDescendant()) {
-        seen.insert(d);
-        const InterfacePtr<TDataSetAttr> held(d);
+    for (const auto& d : FList.DescendantsOf(attr)) {
         if (const auto* component = d->GetComponent(); component
             && (component->InheritsFrom(TCustomZADataSet::Class()) || !component->InheritsFrom(TDataSet::Class())))
             CarryConnection(attr, *d);
-        if (!SameText(d->FSessionName, newSession))
+        if (HasOtherSession(*d, newSession))
             SetSession(*d, newSession);
     }
 }
@@ -174,6 +199,14 @@ void TDataSetList::TModifiedItems::CarryConnection(TDataSetAttr& attr, TDataSetA
     }
 }
 
+// The fields of inheriting forms follow, and nobody tells of those.
+void TDataSetList::TModifiedItems::OrderModified(TDataSetAttr& attr)
+{
+    FList.RefreshFieldAttr(attr.GetDataSetComponent(), &attr, rmNone);
+    for (const auto& each : FList.DescendantsOf(attr))
+        FList.RefreshFieldAttr(each->GetDataSetComponent(), each.get(), rmNone);
+}
+
 void TDataSetList::TModifiedItems::FieldModified(TField* field)
 {
     const auto attr = GetAttr(field->DataSet());
@@ -185,7 +218,7 @@ void TDataSetList::TModifiedItems::FieldModified(TField* field)
         return;
     }
     if (fieldAttr->FIndex != field->Index())
-        FList.RefreshFieldAttr(field->DataSet(), attr.get(), rmNone);
+        OrderModified(*attr);
     if (fieldAttr->GetFieldName() != field->FieldName()) {
         fieldAttr->SetFieldName(field->FieldName());
         FList.DoRefreshChildObject(&FList, attr.get(), field, field->Name(), 1);

@@ -158,6 +158,17 @@ void TDataSetList::OnModuleRenamed(TObject*, const QString& oldName, const QStri
             GetItem(i)->FUnitName = newName;
 }
 
+// A parent form that was opened after the forms that inherit from it, or again.
+void TDataSetList::LinkInherited()
+{
+    for (int i = 0; i < GetItemCount(); ++i) {
+        auto* attr = GetItem(i);
+        const auto* component = attr->FAncestor ? nullptr : attr->FComponent.get();
+        if (component && component->HasState(csAncestor))
+            attr->SetComponentName(attr->ComponentName());
+    }
+}
+
 void TDataSetList::OnFileNotification(TObject*, TOTAFileNotification code, const QString& fileName, bool&)
 {
     if (!IsEventEnabled(deFileNotification) || !FEvents || code != ofnFileOpened)
@@ -177,7 +188,10 @@ void TDataSetList::OnFileNotification(TObject*, TOTAFileNotification code, const
     for (const auto& gathered : list.FItem.Held())
         if (auto* connection = dynamic_cast<TCustomZAConnection*>(gathered->FComponent.get()))
             RegroupUsersOf(connection);
+    LinkInherited();
     FEvents->OnRefreshDatasetList(fileName, rmAdd);
+    // It may hold the masters of other modules, and these its own.
+    RefreshMasters(fileName);
 }
 
 void TDataSetList::OnPackageInstalled(TObject*)

@@ -1,7 +1,9 @@
 #include "model/MrvFieldAttr.h"
 
 #include "data/TField.h"
+#include "ide/MrvDeferredCallbacks.h"
 #include "model/MrvDataSetAttr.h"
+#include "model/MrvDataSetList.h"
 #include "rtl/SysUtils.h"
 
 TFieldAttr::TFieldAttr(TCustomComponentAttr* owner, TDataSetAttr* dataSet, TClass classType, TSvcManager* svcManager,
@@ -81,6 +83,10 @@ void TFieldAttr::SetFieldIndex(int index)
 int TFieldAttr::IntfSetFieldIndex(int index)
 {
     SetFieldIndex(index);
+    // The same dataset on inheriting forms follows; its nodes are put in order at the tick.
+    if (FDataSetAttr && FDataSetList)
+        for (const auto& each : FDataSetList->DescendantsOf(*FDataSetAttr.get()))
+            FDataSetList->FDefferedAddField->AddItem(each.get(), false);
     return 0;
 }
 

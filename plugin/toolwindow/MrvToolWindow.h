@@ -179,6 +179,8 @@ private:
     void AddConnections(const InterfacePtr<IMrvDataSetList>& list);
     QString GroupName(const InterfacePtr<IMrvDataSetAttr>& dataSet) const;
     TTreeNode* CreateGroup(const InterfacePtr<IMrvDataSetAttr>& dataSet, const QString& name);
+    TTreeNode* OwnNode(const InterfacePtr<IMrvDataSetAttr>& dataSet) const;
+    bool MoveToGroup(TTreeNode* node, TTreeNode* group);
     void AddMasterNode(TTreeNode* node, const InterfacePtr<IMrvDataSetAttr>& dataSet, TDsTreeDrawMode mode);
     void AddField(TTreeNode* fieldsNode, const InterfacePtr<IMrvFieldAttr>& field);
     void SetImages(TTreeNode* node, int image);
@@ -200,8 +202,10 @@ private:
         const InterfacePtr<IMrvFieldAttr>& field, int action);
     void InternalFieldIndexModified(IMrvEvents* sender, TTreeNode* node, const InterfacePtr<IMrvDataSetAttr>& dataSet,
         const InterfacePtr<IMrvFieldAttr>& field, int oldIndex, int newIndex);
-    bool MoveToSession(const InterfacePtr<IMrvDataSetAttr>& dataSet, QList<TTreeNode*>& reselect);
+    void RenameGroup(const QString& oldName, const QString& newName);
+    void MoveToSession(const InterfacePtr<IMrvDataSetAttr>& dataSet, QList<TTreeNode*>& reselect);
     TTreeNode* ParentToDrop(TTreeNode* node) const;
+    TTreeNode* DeleteWithEmptiedParent(TTreeNode* node);
 
     void OnTreeViewBeforeChange(TMrvTreeView* sender, TTreeNode* oldNode, TTreeNode* newNode);
     void OnTreeViewContextPopup(QPoint position, bool& handled);

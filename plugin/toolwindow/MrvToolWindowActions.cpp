@@ -220,7 +220,8 @@ bool TMrvToolWindow::OnDataSetViewAcceptDragging(TTreeNode* draggedItem, TTreeNo
 {
     const auto type = TMrvTreeView::NodeType(draggedItem);
     if (type == ndtField)
-        return TMrvTreeView::NodeType(currentItem) == ndtField && currentItem->Parent() == draggedItem->Parent();
+        return currentItem != draggedItem && TMrvTreeView::NodeType(currentItem) == ndtField
+            && currentItem->Parent() == draggedItem->Parent();
     if (type != ndtDataSet || FGroupMode != gmSession)
         return false;
     const auto attr = TMrvTreeView::NodeAttr(draggedItem);

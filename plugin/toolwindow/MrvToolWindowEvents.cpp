@@ -129,7 +129,7 @@ void TMrvToolWindow::RemoveDeletedDataSets()
     for (auto* node = FDataSetView->Items().GetLastNode(); node;) {
         auto* previous = node->GetPrev();
         if (TMrvTreeView::NodeType(node) == ndtDataSet && TMrvTreeView::NodeAttr(node)->IsDeleted())
-            FDataSetView->DeleteNode(node);
+            previous = DeleteWithEmptiedParent(node);
         node = previous;
     }
 }
@@ -174,22 +174,28 @@ TTreeNode* TMrvToolWindow::ParentToDrop(TTreeNode* node) const
     return drops && parent != FRootNode ? parent : nullptr;
 }
 
+// The parent goes at once: remembered, it could go with a node above it first. Gives the node before what went.
+TTreeNode* TMrvToolWindow::DeleteWithEmptiedParent(TTreeNode* node)
+{
+    auto* previous = node->GetPrev();
+    auto* parent = ParentToDrop(node);
+    FDataSetView->DeleteNode(node);
+    if (!parent || parent->HasChildren())
+        return previous;
+    if (parent == previous)
+        previous = parent->GetPrev();
+    FDataSetView->DeleteNode(parent);
+    return previous;
+}
+
 void TMrvToolWindow::ComponentDeleted(IMrvEvents*)
 {
     const UpdateScope update(FDataSetView->Items());
     for (auto* node = FDataSetView->Items().GetLastNode(); node;) {
         auto* previous = node->GetPrev();
         const auto type = TMrvTreeView::NodeType(node);
-        if ((type == ndtDataSet || type == ndtConnection) && TMrvTreeView::NodeAttr(node)->IsDeleted()) {
-            auto* parent = ParentToDrop(node);
-            FDataSetView->DeleteNode(node);
-            if (parent && !parent->HasChildren()) {
-                if (parent == previous)
-                    previous = parent->GetPrev();
-                // At once: remembered, it could go with a node above it first.
-                FDataSetView->DeleteNode(parent);
-            }
-        }
+        if ((type == ndtDataSet || type == ndtConnection) && TMrvTreeView::NodeAttr(node)->IsDeleted())
+            previous = DeleteWithEmptiedParent(node);
         node = previous;
     }
 }
@@ -211,8 +217,7 @@ void TMrvToolWindow::OnFormRenamed(const QString& oldName, const QString& newNam
 {
     const UpdateScope update(FDataSetView->Items());
     if (FGroupMode == gmForm) {
-        if (!SameText(oldName, newName))
-            FDataSetView->RenameNodes(oldName, newName);
+        RenameGroup(oldName, newName);
     } else if (FRootNode) {
         for (auto* node = FRootNode->GetFirstChild(); node; node = node->GetNext()) {
             QString name;
@@ -230,8 +235,18 @@ void TMrvToolWindow::OnFormRenamed(const QString& oldName, const QString& newNam
 
 void TMrvToolWindow::OnSessionRenamed(const QString& oldName, const QString& newName)
 {
-    if (FGroupMode == gmSession && !SameText(oldName, newName))
-        FDataSetView->RenameNodes(oldName, newName);
+    if (FGroupMode != gmSession)
+        return;
+    const UpdateScope update(FDataSetView->Items());
+    RenameGroup(oldName, newName);
+    FDataSetView->Sort();
+}
+
+// A dataset may bear the name of another form: what stands deeper keeps its caption.
+void TMrvToolWindow::RenameGroup(const QString& oldName, const QString& newName)
+{
+    if (auto* group = FDataSetView->FindGroupNode(oldName))
+        group->SetText(newName);
 }
 
 void TMrvToolWindow::OnSessionChanged()
@@ -256,28 +271,15 @@ void TMrvToolWindow::OnSessionChanged()
         FDataSetView->Select(node, ssCtrl | ssLeft);
 }
 
-bool TMrvToolWindow::MoveToSession(const InterfacePtr<IMrvDataSetAttr>& dataSet, QList<TTreeNode*>& reselect)
+void TMrvToolWindow::MoveToSession(const InterfacePtr<IMrvDataSetAttr>& dataSet, QList<TTreeNode*>& reselect)
 {
-    // The one below a group; those below a detail stay with it.
-    constexpr int BelowGroup = 2;
-    auto* node = FDataSetView->FindNodeByDataRef(dataSet);
-    while (node && node->Level() != BelowGroup)
-        node = FDataSetView->FindNodeByDataRef(dataSet, node);
-    auto* oldParent = node ? node->Parent() : nullptr;
+    auto* node = OwnNode(dataSet);
     const auto name = SessionName(dataSet);
-    if (!oldParent || SameText(oldParent->Text(), name))
-        return false;
-    auto* newParent = FDataSetView->FindGroupNode(name);
-    if (!newParent)
-        newParent = CreateGroup(dataSet, name);
-    const bool expanded = node->Expanded();
-    if (node->Selected())
+    if (!node || SameText(node->Parent()->Text(), name))
+        return;
+    auto* group = FDataSetView->FindGroupNode(name);
+    if (MoveToGroup(node, group ? group : CreateGroup(dataSet, name)))
         reselect << node;
-    node->MoveTo(newParent, naAddChild);
-    node->SetExpanded(expanded);
-    if (!oldParent->HasChildren() && IsPlainGroup(oldParent->Text()))
-        FDataSetView->DeleteNode(oldParent);
-    return true;
 }
 
 // The update is held from the second selected node on.

@@ -174,8 +174,11 @@ void TMrvToolWindow::DeleteFieldDefs(TTreeNode* fieldsNode)
 
 void TMrvToolWindow::RefreshFieldDefs(IMrvEvents*, const InterfacePtr<IMrvDataSetAttr>& dataSet)
 {
-    if (auto* node = FDataSetView->FindNodeByDataRef(dataSet))
+    for (auto* node : FDataSetView->FindNodesByDataRef(dataSet)) {
         AddDataSetFieldDefs(node, dataSet);
+        if (auto* fieldsNode = FDataSetView->FindChildNodeByName(node, sFields))
+            FDataSetView->SortChildren(fieldsNode);
+    }
 }
 
 void TMrvToolWindow::RefreshFieldDefs(IMrvEvents* sender, int index)
@@ -263,6 +266,8 @@ void TMrvToolWindow::InsertAddedFields(TTreeNode* fieldsNode, const InterfacePtr
     TTreeNode* made = nullptr;
     for (int i = 0; i < dataSet->IntfGetFieldCount(); ++i)
         InsertField(fieldsNode, FieldAt(dataSet, i), &made);
+    // What was put in between moved the others on.
+    RecaptionFields(fieldsNode);
     if (!FNeedSelectNode || !made)
         return;
     FNeedSelectNode = false;

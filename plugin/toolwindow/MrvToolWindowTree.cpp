@@ -163,11 +163,39 @@ void TMrvToolWindow::AddItem(
     AddDataSetNode(parent, dataSet, mode);
 }
 
-// With dmLoad the tree is empty, except while a module is added to it: a wrapper that has its node keeps it.
+// The one below the root or a group; those below a detail stay with it.
+TTreeNode* TMrvToolWindow::OwnNode(const InterfacePtr<IMrvDataSetAttr>& dataSet) const
+{
+    const int level = FGroupMode == gmNone ? 1 : 2;
+    for (auto* node : FDataSetView->FindNodesByDataRef(dataSet))
+        if (node->Level() == level)
+            return node;
+    return nullptr;
+}
+
+// A form's or a plain group that is left empty goes; a connection stays. True for a node that was selected, and is no
+// more.
+bool TMrvToolWindow::MoveToGroup(TTreeNode* node, TTreeNode* group)
+{
+    auto* oldGroup = node->Parent();
+    const bool expanded = node->Expanded();
+    const bool selected = node->Selected();
+    node->MoveTo(group, naAddChild);
+    node->SetExpanded(expanded);
+    const bool isGroup = oldGroup != FRootNode && TMrvTreeView::NodeType(oldGroup) != ndtConnection;
+    if (isGroup && !oldGroup->HasChildren())
+        FDataSetView->DeleteNode(oldGroup);
+    return selected;
+}
+
+// With dmLoad the tree is empty, except while a module is added to it: a wrapper that has its node keeps it, also where
+// it belongs to another group by now.
 TTreeNode* TMrvToolWindow::AddDataSetNode(
     TTreeNode* parent, const InterfacePtr<IMrvDataSetAttr>& dataSet, TDsTreeDrawMode mode)
 {
-    auto* node = FDataSetView->FindChildNodeByDataRef(parent, dataSet);
+    auto* node = OwnNode(dataSet);
+    if (node && node->Parent() != parent && MoveToGroup(node, parent))
+        FDataSetView->Select(node, ssCtrl | ssLeft);
     const auto attr = Component(dataSet);
     const auto caption = ComponentName(attr, IsShowFormName());
     if (node)
@@ -193,11 +221,12 @@ void TMrvToolWindow::AddMasterNode(TTreeNode* node, const InterfacePtr<IMrvDataS
     if (!group)
         group = FDataSetView->AddNode(node, sMasterDataSet, ndtBlank, nullptr);
     auto* masterNode = FDataSetView->FindChildNodeByDataRef(group, master);
-    if (!masterNode) {
-        FDataSetView->DeleteChildren(group);
+    if (!masterNode)
         masterNode
             = FDataSetView->AddNode(group, ComponentName(Component(master), IsShowFormName()), ndtDataSet, master);
-    }
+    // The one before goes last: an emptied group closes.
+    while (group->Count() > 1)
+        FDataSetView->DeleteNode(group->Item(group->Item(0) == masterNode ? 1 : 0));
     SetImages(masterNode, GetImageIndex(Component(master)));
     AddFieldsAndFieldDefs(masterNode, master, mode);
 }
