@@ -52,3 +52,9 @@ QList<ProjectDescription> ProjectGroupDescription::AllProjects() const
     }
     return problems;
 }
+
+QString ModuleDescription::PluginName() const
+{
+    return FileName.endsWith(QLatin1String(".pp"), Qt::CaseInsensitive) ? FileName.chopped(2) + QLatin1String("pas")
+                                                                        : FileName;
+}

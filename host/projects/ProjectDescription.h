@@ -28,6 +28,8 @@ struct ModuleDescription {
     bool Exists = false; // the unit is there; a form file may be there without it
 
     bool HasForm() const { return Type == ModuleType::Form || Type == ModuleType::DataModule; }
+    // The name that plug-ins know the unit by: they have one extension for Pascal units, so .pp counts as .pas.
+    QString PluginName() const;
 
     friend bool operator==(const ModuleDescription&, const ModuleDescription&) = default;
 };

@@ -136,7 +136,7 @@ void Host::IndexModules()
     FByFile.clear();
     FByLowerFile.clear();
     for (auto* module : std::as_const(FModules))
-        for (const auto& name : { module->FormFile(), module->UnitFile() })
+        for (const auto& name : { module->PluginName(), module->FormFile(), module->UnitFile() })
             if (!name.isEmpty()) {
                 FByFile.insert(name, module);
                 FByLowerFile.insert(name.toLower(), module);

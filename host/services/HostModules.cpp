@@ -49,7 +49,7 @@ Module* Host::OpenModuleFile(const QString& fileName, Project* project)
         return nullptr;
     if (!description.Exists && (description.FormFile.isEmpty() || !QFileInfo::exists(description.FormFile)))
         throw EFOpenError(QStringLiteral("%1: there is no such file").arg(description.FileName));
-    if (Notify(ofnFileOpening, description.FileName))
+    if (Notify(ofnFileOpening, description.PluginName()))
         return nullptr;
     FOpening << description.FileName;
     const Finally opened([this, &description] { FOpening.removeOne(description.FileName); });
@@ -62,7 +62,7 @@ Module* Host::OpenModuleFile(const QString& fileName, Project* project)
     if (module->HasDesigner())
         for (const auto& listener : DesignNotifications())
             AtEventBorder([&] { listener->DesignerOpened(&module->TheDesigner(), false); });
-    Notify(ofnFileOpened, description.FileName);
+    Notify(ofnFileOpened, description.PluginName());
     Changed();
     return module->IsOpen() ? module : nullptr;
 }
@@ -80,7 +80,7 @@ bool Host::NotifyClosing(Module& module)
 {
     FClosing = &module;
     const Finally closed([this] { FClosing = nullptr; });
-    return Notify(ofnFileClosing, module.UnitFile());
+    return Notify(ofnFileClosing, module.PluginName());
 }
 
 Module* Host::ShowModule(const QString& fileName, Project* project)

@@ -74,7 +74,7 @@ void Host::AnnounceAgain()
     const auto modules = FModules;
     for (auto* module : modules)
         if (module->IsOpen() && module->OwningProject() == FActive)
-            Notify(ofnFileOpened, module->UnitFile());
+            Notify(ofnFileOpened, module->PluginName());
 }
 
 void Host::OpenDesktop(Project& project)

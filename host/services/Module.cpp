@@ -203,7 +203,7 @@ void Module::TakeNames(const QString& unitFile, const QString& formFile, const Q
 // Plug-ins know the form files of one kind by their extension; the others are told of under that one.
 void Module::TellRenamed()
 {
-    const auto unitFile = FDescription.FileName;
+    const auto unitFile = PluginName();
     Notifiers.Walk([&unitFile](IOTAModuleNotifier& listener) { listener.ModuleRenamed(unitFile); });
     FFormEditor->Notifiers.Destroy();
     if (HasDesigner())
@@ -226,7 +226,7 @@ void Module::BringToFront(View view)
 
 QString Module::GetFileName()
 {
-    return FIsOpen ? FDescription.FileName : QString();
+    return FIsOpen ? PluginName() : QString();
 }
 
 int Module::GetModuleFileCount()
@@ -265,7 +265,7 @@ QString Module::ClassGroup() const
 
 void Module::FileNames(QString& unit, QString& form, QString& project)
 {
-    unit = FDescription.FileName;
+    unit = PluginName();
     form = HasDesigner() ? FDescription.FormFile : QString();
     project = FProject ? FProject->GetFileName() : QString();
 }

@@ -26,6 +26,7 @@ public:
 
     Project* OwningProject() const { return FProject; }
     const QString& UnitFile() const { return FDescription.FileName; }
+    QString PluginName() const { return FDescription.PluginName(); }
     const QString& FormFile() const { return FDescription.FormFile; }
     const ModuleDescription& Description() const { return FDescription; }
     // The root's name as it is now; empty without a form that could be read.

@@ -41,7 +41,7 @@ template class ModuleEditor<IOTAFormEditor, INTAFormEditor>;
 
 QString ModuleSourceEditor::GetFileName()
 {
-    return FModule ? FModule->UnitFile() : QString();
+    return FModule ? FModule->PluginName() : QString();
 }
 
 void ModuleSourceEditor::Show()

@@ -23,7 +23,7 @@ TOTAModuleType ModuleInfo::GetModuleType()
 
 QString ModuleInfo::GetFileName()
 {
-    return FProject.IsOpen() ? FProject.Description().Modules.at(FIndex).FileName : QString();
+    return FProject.IsOpen() ? FProject.Description().Modules.at(FIndex).PluginName() : QString();
 }
 
 QString ModuleInfo::GetFormName()
@@ -58,6 +58,9 @@ void Project::IndexFiles()
     FByFile.clear();
     for (qsizetype i = 0; i < FDescription.Modules.size(); ++i)
         FByFile.insert(FDescription.Modules[i].FileName.toLower(), i);
+    for (int i = 0; i < FDescription.Modules.size(); ++i)
+        if (const auto name = FDescription.Modules[i].PluginName().toLower(); !FByFile.contains(name))
+            FByFile.insert(name, i);
 }
 
 QString Project::ClassGroup() const
