@@ -131,16 +131,39 @@ Module* Host::ModuleOfRoot(const TComponent* root) const
     return nullptr;
 }
 
-void Host::IndexModules()
+namespace {
+
+QStringList NamesOf(const Module& module)
 {
-    FByFile.clear();
-    FByLowerFile.clear();
-    for (auto* module : std::as_const(FModules))
-        for (const auto& name : { module->PluginName(), module->FormFile(), module->UnitFile() })
-            if (!name.isEmpty()) {
-                FByFile.insert(name, module);
-                FByLowerFile.insert(name.toLower(), module);
-            }
+    QStringList names { module.PluginName(), module.UnitFile(), module.FormFile() };
+    names.removeAll(QString());
+    names.removeDuplicates();
+    return names;
+}
+
+}
+
+void Host::Index(Module& module)
+{
+    for (const auto& name : NamesOf(module)) {
+        FByFile.insert(name, &module);
+        FByLowerFile.insert(name.toLower(), &module);
+    }
+}
+
+// By the names that it has, or by those that it had.
+void Host::Unindex(Module& module, bool isRenamed)
+{
+    if (isRenamed) {
+        const auto isThis = [&module](auto entry) { return entry.value() == &module; };
+        FByFile.removeIf(isThis);
+        FByLowerFile.removeIf(isThis);
+        return;
+    }
+    for (const auto& name : NamesOf(module)) {
+        FByFile.remove(name, &module);
+        FByLowerFile.remove(name.toLower(), &module);
+    }
 }
 
 void Host::SetFront(Module& module)

@@ -163,7 +163,8 @@ private:
     bool NotifyClosing(Module& module);
     void AddModule(Module& module);
     void RemoveModule(Module& module);
-    void IndexModules();
+    void Index(Module& module);
+    void Unindex(Module& module, bool isRenamed = false);
     ModuleDescription DescriptionOf(const QString& fileName, Project*& project) const;
     void Changed();
     QList<ProjectText*> ProjectsSavedWith(const QList<Module*>& modules) const;
@@ -183,8 +184,8 @@ private:
     Module* FCurrent = nullptr;
     // The module that listeners are being told the end of.
     Module* FClosing = nullptr;
-    QHash<QString, Module*> FByFile;
-    QHash<QString, Module*> FByLowerFile;
+    QMultiHash<QString, Module*> FByFile;
+    QMultiHash<QString, Module*> FByLowerFile;
     QStringList FOpening;
     QList<InterfacePtr<IOTAWizard>> FWizards;
     std::vector<std::unique_ptr<PackageLibrary>> FPackages;

@@ -107,7 +107,7 @@ Module* Host::OpenFormOfClass(Project* project, const QString& className)
 void Host::AddModule(Module& module)
 {
     FModules << &module;
-    IndexModules();
+    Index(module);
     if (!FCurrent)
         SetFront(module);
     if (!module.HasDesigner())
@@ -150,7 +150,7 @@ void Host::RemoveModule(Module& module)
     module.Close();
     quiet.clear();
     FModules.removeOne(&module);
-    IndexModules();
+    Unindex(module);
     if (project)
         project->ForgetForm(formClass);
     if (project && wasRenamed)
@@ -266,7 +266,8 @@ Failure Host::SaveAs(Module& module, const QString& fileName)
 // The names are right everywhere before anybody hears of them.
 void Host::ModuleRenamed(Module& module)
 {
-    IndexModules();
+    Unindex(module, true);
+    Index(module);
     module.TellRenamed();
     Changed();
 }
