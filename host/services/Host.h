@@ -140,6 +140,8 @@ public:
         QString Title;
         QString Description;
         QImage AboutImage;
+        // The library that told of it, and takes it along.
+        QString Package;
     };
     QList<ProductInfo> Products;
     // The units that a component of that class needs: what the catalogues say, else the class's own.
@@ -188,6 +190,8 @@ private:
     QMultiHash<QString, Module*> FByLowerFile;
     QStringList FOpening;
     QList<InterfacePtr<IOTAWizard>> FWizards;
+    // The library that is being started.
+    QString FStarting;
     std::vector<std::unique_ptr<PackageLibrary>> FPackages;
     Problems FReported;
 };

@@ -34,7 +34,10 @@ QString Host::LoadPackage(const QString& fileName)
         return {};
     auto package = std::make_unique<PackageLibrary>(fileName);
     const auto name = package->FileName();
-    if (const auto failed = package->Start(*this); !failed.isEmpty()) {
+    FStarting = name;
+    const auto failed = package->Start(*this);
+    FStarting.clear();
+    if (!failed.isEmpty()) {
         FWizards.removeIf(
             [&package](const InterfacePtr<IOTAWizard>& wizard) { return package->IsOfThis(wizard.get()); });
         package->Sweep(*this);

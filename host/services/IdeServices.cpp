@@ -78,6 +78,6 @@ int IdeServices::AddProductInfo(const QString& companyName, const QString& legal
 {
     if (!FHost)
         return -1;
-    FHost->Products << Host::ProductInfo { companyName, legalLine, title, description, aboutImage };
+    FHost->Products << Host::ProductInfo { companyName, legalLine, title, description, aboutImage, FHost->FStarting };
     return int(FHost->Products.size()) - 1;
 }

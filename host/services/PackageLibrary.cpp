@@ -109,6 +109,7 @@ bool PackageLibrary::IsOfThis(const TDragTargetClass& target) const
 
 void PackageLibrary::Sweep(Host& host)
 {
+    host.Products.removeIf([this](const Host::ProductInfo& product) { return product.Package == FFileName; });
     for (const auto& notification : DesignNotifications())
         if (IsOfThis(notification.get()))
             UnregisterDesignNotification(notification);

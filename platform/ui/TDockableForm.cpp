@@ -55,7 +55,16 @@ void TDockableForm::setVisible(bool visible)
     TDesktopForm::setVisible(visible);
     if (std::exchange(FShown, visible) == visible)
         return;
-    AtEventBorder([&] { visible ? FormShow() : FormHide(); });
+    if (visible) {
+        AtEventBorder([this] { FormShow(); });
+        return;
+    }
+    // Floating, docking and new window flags hide and show it at once; hidden is what still is when events are handled.
+    const auto tellHidden = [this] {
+        if (!FShown)
+            AtEventBorder([this] { FormHide(); });
+    };
+    QMetaObject::invokeMethod(this, tellHidden, Qt::QueuedConnection);
 }
 
 namespace {

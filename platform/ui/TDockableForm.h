@@ -25,6 +25,7 @@ public:
 
 // A window that docks into the IDE's main window. Show and hide by a person or by the program count: FormShow and
 // FormHide run for them and for nothing else; minimising, switching tabs, floating and docking leave them alone.
+// FormShow runs at once, FormHide when events are handled next and the window is still hidden.
 class TDockableForm : public TDesktopForm {
     Q_OBJECT
 public:

@@ -334,13 +334,13 @@ void TMrvToolWindow::customEvent(QEvent* event)
 void TMrvToolWindow::DoDock(bool floating)
 {
     FDataSetView->FIsDocking = true;
-    FDataSetView->ButtonMoveTo(floating ? FDataSetView->GetSelectedNode() : nullptr);
+    AtEventBorder([&] { FDataSetView->ButtonMoveTo(floating ? FDataSetView->GetSelectedNode() : nullptr); });
     FDataSetView->FIsDocking = false;
 }
 
 void TMrvToolWindow::contextMenuEvent(QContextMenuEvent* event)
 {
-    FPopupMenu->Popup(event->globalX(), event->globalY());
+    AtEventBorder([&] { FPopupMenu->Popup(event->globalX(), event->globalY()); });
     event->accept();
 }
 

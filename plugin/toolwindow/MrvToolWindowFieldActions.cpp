@@ -80,12 +80,15 @@ void TMrvToolWindow::CreateFieldComponent(InterfacePtr<IMrvFieldAttr>& field)
     });
     // Creating fields changes the tree: what is selected is collected first.
     QList<InterfacePtr<IMrvCustomComponentAttr>> attrs;
-    for (int i = 0; i < FDataSetView->SelectionCount(); ++i)
-        if (TMrvTreeView::NodeType(FDataSetView->Selections(i)) == ndtFieldDef)
-            attrs << TMrvTreeView::NodeAttr(FDataSetView->Selections(i));
+    for (int i = 0; i < FDataSetView->SelectionCount(); ++i) {
+        const auto* node = FDataSetView->Selections(i);
+        // A definition may be selected in two places.
+        if (TMrvTreeView::NodeType(node) == ndtFieldDef && !attrs.contains(TMrvTreeView::NodeAttr(node)))
+            attrs << TMrvTreeView::NodeAttr(node);
+    }
     for (const auto& attr : attrs) {
         const auto dataSet = OwnerOf(attr);
-        if (!dataSet->AllowCreateField())
+        if (!dataSet || !dataSet->AllowCreateField())
             break;
         int controlIndex = 0;
         attr->IntfGetCtrlIndex(controlIndex);
@@ -134,7 +137,12 @@ TTreeNode* TMrvToolWindow::DeleteFieldAt(int absoluteIndex, TTreeNode*& dataSetN
     dataSetNode = fieldsNode->Parent();
     const auto attr = TMrvTreeView::NodeAttr(node);
     const int place = node->Index();
-    if (OwnerOf(attr)->IntfDeleteFieldComponent(ComponentName(attr, false)) == Refused) {
+    const auto dataSet = OwnerOf(attr);
+    // The model may be gone.
+    if (!dataSet)
+        return node;
+    // A field that is selected in two places is deleted already at the second.
+    if (!attr->IsDeleted() && dataSet->IntfDeleteFieldComponent(ComponentName(attr, false)) == Refused) {
         MessageDlg(SCantDeleteAncestor(), mtError, mbOK);
         return node;
     }

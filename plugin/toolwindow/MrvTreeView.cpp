@@ -165,13 +165,13 @@ void TMrvTreeView::keyReleaseEvent(QKeyEvent* event)
 void TMrvTreeView::resizeEvent(QResizeEvent* event)
 {
     TCustomTreeView::resizeEvent(event);
-    ButtonMoveTo(GetSelectedNode());
+    AtEventBorder([this] { ButtonMoveTo(GetSelectedNode()); });
 }
 
 void TMrvTreeView::scrollContentsBy(int dx, int dy)
 {
     TCustomTreeView::scrollContentsBy(dx, dy);
-    ButtonMoveTo(GetSelectedNode());
+    AtEventBorder([this] { ButtonMoveTo(GetSelectedNode()); });
 }
 
 void TMrvTreeView::paintEvent(QPaintEvent* event)
@@ -186,7 +186,9 @@ void TMrvTreeView::OnDrawItem()
 {
     if (std::exchange(FDrawing, true))
         return;
-    ButtonMoveTo(SelectionCount() > 1 ? nullptr : SelectionCount() == 1 ? Selections(0) : GetSelectedNode());
+    AtEventBorder([this] {
+        ButtonMoveTo(SelectionCount() > 1 ? nullptr : SelectionCount() == 1 ? Selections(0) : GetSelectedNode());
+    });
     FDrawing = false;
 }
 

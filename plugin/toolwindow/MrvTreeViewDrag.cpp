@@ -4,13 +4,20 @@
 
 namespace {
 
+// What stands in two places may be selected in both.
+void AddOnce(const InterfacePtr<IMrvCustomComponentAttr>& attr, TMrvDragList& list)
+{
+    if (!list.contains(attr))
+        list << attr;
+}
+
 bool AddFieldDef(const TTreeNode* node, TMrvDragList& list)
 {
     const auto attr = TMrvTreeView::NodeAttr(node);
     const auto fieldDef = InterfaceCast<IMrvFieldDefAttr>(attr);
     if (!fieldDef || !fieldDef->EnableCreateControl())
         return false;
-    list << attr;
+    AddOnce(attr, list);
     return true;
 }
 
@@ -58,7 +65,7 @@ bool TMrvTreeView::FillFromSelection(TMrvDragList& list) const
         case ndtRoot:
             break;
         case ndtField:
-            list << NodeAttr(node);
+            AddOnce(NodeAttr(node), list);
             break;
         case ndtFieldDef:
             AddFieldDef(node, list);

@@ -188,6 +188,39 @@ TEST_F(Attaching, AFailureIsLoggedAndTheNextNotificationStartsOver)
     EXPECT_EQ(Text(), text);
 }
 
+TEST_F(Attaching, AFailureBehindTheListLeavesTheServicesAndTheProjectNotOpened)
+{
+    StartLog();
+    StartShown();
+    OpenShop();
+    const auto text = Text();
+    SetPreference(u"ScanAllForms"_qs, u"perhaps"_qs);
+    TakeLog();
+    Tell(ofnActiveProjectChanged, u"/x/Shop.dproj"_qs);
+    const auto log = TakeLog();
+    EXPECT_TRUE(MrvApiProxy->FMrvInteropServices);
+    EXPECT_FALSE(MrvApiProxy->GetIsProjectOpened());
+    const auto failure = LogText::Of({ u"TMrvApiProxy.OnFileNotification - failed!"_qs,
+        u"File Notification: FileName: /x/Shop.dproj,\r\n\t\t\t\t NotifyCode: ofnActiveProjectChanged"_qs });
+    EXPECT_NE(log.find(failure), std::string::npos) << log;
+    SetPreference(u"ScanAllForms"_qs, u"False"_qs);
+    Tell(ofnActiveProjectChanged, Shop.ProjectFile());
+    EXPECT_TRUE(MrvApiProxy->GetIsProjectOpened());
+    EXPECT_EQ(Text(), text);
+}
+
+TEST_F(Attaching, ARefreshWithoutAProjectAttaches)
+{
+    StartShown();
+    OpenShop();
+    const auto text = Text();
+    MrvApiProxy->FIsProjectOpened = false;
+    MrvApiProxy->FMrvInteropServices.Clear();
+    Window().acRefresh->Execute();
+    EXPECT_TRUE(MrvApiProxy->GetIsProjectOpened());
+    EXPECT_EQ(Text(), text);
+}
+
 TEST_F(Attaching, AttachToProjectNeedsAProject)
 {
     StartShown();

@@ -179,6 +179,7 @@ TEST_F(TheWindowsActions, HideAndShowSendTheListToSleepAndBack)
 {
     Window().acHide->Execute();
     EXPECT_FALSE(Window().isVisible());
+    Settle();
     EXPECT_TRUE(List().FDormant);
     TMrvToolWindow::ShowForm();
     EXPECT_TRUE(Window().isVisible());

@@ -189,6 +189,7 @@ TEST_P(TheTreeFollows, AClosedFormAndItsReturn)
 TEST_P(TheTreeFollows, AHiddenWindowThatIsShownAgain)
 {
     Window().hide();
+    Settle();
     EXPECT_TRUE(List().FDormant);
     const auto before = Text();
     Delete({ u"Data.Books"_qs });
