@@ -120,7 +120,11 @@ protected:
         const auto name = AName();
         if (!component || module.TheDesigner().GetComponent(name) || TheHost->FormModule(name))
             return;
-        module.TheDesigner().RenameComponent(*component, name);
+        try {
+            module.TheDesigner().RenameComponent(*component, name);
+        } catch (const Exception&) {
+            // A unit may use the name for something else; then nothing is renamed.
+        }
     }
     void AddFields(Module& module)
     {
