@@ -217,3 +217,24 @@ TEST_P(RelationsInTheTree, AFieldIsNotDroppedOntoItself)
     auto* field = NodesOf(List().GetDataSetAttrByObj(Component(u"Data.Books"_qs))).value(0)->GetFirstChild()->Item(0);
     EXPECT_FALSE(Tree().FOnAcceptDragging(&Tree(), field, field));
 }
+
+TEST_P(RelationsInTheTree, AnUndoneRenameOnAParentFormLeavesItsHeirsWhereTheyStood)
+{
+    Shop.DataModule(u"Base"_qs, u"object Store: TZAConnection\nend\nobject Stock: TZAQuery\nConnection = Store\nend"_qs)
+        .InheritedForm(u"Heir"_qs, u"Base"_qs);
+    Start();
+    const auto before = Text();
+    for (const auto* name : { u"Base.Store", u"Base.Stock", u"Base" }) {
+        SCOPED_TRACE(QString::fromUtf16(name).toStdString());
+        const auto whole = QString::fromUtf16(name);
+        auto& designer = DesignerOf(u"Base"_qs);
+        auto* component = whole.contains(u'.') ? Component(whole) : designer.Root();
+        designer.RenameComponent(*component, u"Other"_qs);
+        Settle();
+        EXPECT_EQ(Text(), FreshText());
+        TheHost->Undo().Undo();
+        Settle();
+        EXPECT_EQ(Text(), FreshText());
+        EXPECT_EQ(Text(), before);
+    }
+}
