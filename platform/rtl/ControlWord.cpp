@@ -4,7 +4,7 @@
 
 namespace {
 
-// The platform's start value: precision masked only in the bits that user code may change, rounding to nearest.
+// The start value: every exception masked.
 unsigned GControlWord = 4927;
 
 int Trapped(unsigned value)

@@ -200,3 +200,29 @@ TEST_P(TheTreeFollows, AHiddenWindowThatIsShownAgain)
     EXPECT_EQ(Text(), Drawn());
     EXPECT_EQ(Text().find("Books"), std::string::npos);
 }
+
+TEST_P(TheTreeFollows, ADatasetDeletedTogetherWithButtonsInAnyOrder)
+{
+    QStringList names { u"Sold"_qs, u"Button1"_qs, u"Button2"_qs };
+    std::sort(names.begin(), names.end());
+    do {
+        SCOPED_TRACE(names.join(u' ').toStdString());
+        auto& designer = DesignerOf(u"MainForm"_qs);
+        QList<TComponent*> made;
+        for (const auto& name : std::as_const(names)) {
+            const auto className = name.startsWith(u"Button"_qs) ? u"TButton"_qs : u"TZAQuery"_qs;
+            made << designer.CreateComponent(GetClass(className), nullptr, 10, 10, 0, 0);
+            designer.RenameComponent(*made.last(), name);
+        }
+        Settle();
+        ASSERT_NE(Text().find("Sold"), std::string::npos);
+        designer.DeleteComponents(made);
+        Settle();
+        EXPECT_EQ(Text().find("Sold"), std::string::npos);
+        EXPECT_EQ(Text(), Drawn());
+        DesignerOf(u"Data"_qs).SelectComponent(Component(u"Data.Books"_qs));
+        Settle();
+        ASSERT_NE(Tree().GetSelectedNode(), nullptr);
+        EXPECT_TRUE(Tree().GetSelectedNode()->Text().endsWith(u"Books"_qs));
+    } while (std::next_permutation(names.begin(), names.end()));
+}
