@@ -177,17 +177,10 @@ QString PathOf(const TPersistent& part, const QString& property)
     return name.isEmpty() ? QString() : PathOf(*owner, name + u'.' + property);
 }
 
-// What the property refers to in the form that inherits: its own component of that name.
 QVariant Translated(const QVariant& value, const TComponent& oldRoot, TComponent& newRoot)
 {
     auto* target = dynamic_cast<TComponent*>(value.value<TPersistent*>());
-    if (!target)
-        return value;
-    if (target == &oldRoot)
-        return QVariant::fromValue<TPersistent*>(&newRoot);
-    if (target->Owner() != &oldRoot)
-        return value;
-    return QVariant::fromValue<TPersistent*>(newRoot.FindComponent(target->Name()));
+    return target ? QVariant::fromValue<TPersistent*>(FormLinks::InheritedTarget(oldRoot, *target, newRoot)) : value;
 }
 
 }

@@ -105,3 +105,28 @@ QString FormLinks::NameFrom(const TComponent& root, const TComponent& scope, con
         return target.Name();
     return owner ? NameFrom(root, scope, *owner) + u'.' + target.Name() : target.Name();
 }
+
+namespace {
+
+bool IsOnForm(const TComponent& root, const TComponent& component)
+{
+    const auto* walk = &component;
+    while (walk && walk != &root)
+        walk = walk->Owner();
+    return walk;
+}
+
+TComponent* CounterpartOf(const TComponent& ancestorRoot, const TComponent& component, TComponent& root)
+{
+    if (&component == &ancestorRoot)
+        return &root;
+    auto* owner = CounterpartOf(ancestorRoot, *component.Owner(), root);
+    return owner ? owner->FindComponent(component.Name()) : nullptr;
+}
+
+}
+
+TComponent* FormLinks::InheritedTarget(const TComponent& ancestorRoot, TComponent& target, TComponent& root)
+{
+    return IsOnForm(ancestorRoot, target) ? CounterpartOf(ancestorRoot, target, root) : &target;
+}

@@ -35,6 +35,9 @@ public:
 
     // The name by which a form file refers to the component from that root; empty for a component without a name.
     static QString NameFrom(const TComponent& root, const TComponent& scope, const TComponent& target);
+    // What a form that inherits refers to where its ancestor's form refers to the target: its own component of that
+    // name where the target is the ancestor's own, else the target itself. Nil where it has none of that name.
+    static TComponent* InheritedTarget(const TComponent& ancestorRoot, TComponent& target, TComponent& root);
 
 private:
     QList<FormLink> FLinks;

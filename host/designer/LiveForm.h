@@ -45,7 +45,7 @@ public:
 
     // The property has a new value. `inherited` is the value that holds when the file says nothing, of a component that
     // comes from an ancestor; nil for others.
-    void WriteProperty(TPersistent& instance, const QString& property, const TPersistent* inherited);
+    void WriteProperty(TPersistent& instance, const QString& property, TPersistent* inherited);
     // `fileParent` is the component that the file nests it under where that is not its parent; nil for the parent.
     void AddNode(TComponent& component, TComponent* fileParent = nullptr);
     void RemoveNode(TComponent& component);
@@ -88,7 +88,7 @@ private:
     void WriteCollection(TCollection& collection, FormNode& node, const QString& path);
     void WriteStrings(const TStrings& strings, FormNode& node, const QString& path);
     void WriteValue(TPersistent& instance, const TPropInfo* info, const QString& name, FormNode& node,
-        const QString& path, const TPersistent* inherited);
+        const QString& path, TPersistent* inherited);
     FormValue ValueOf(const TPersistent& instance, const TPropInfo& info, const QVariant& value) const;
     void RenameClassIn(FormNode& node, const QString& oldClass, const QString& newClass);
     void RenameReferencesIn(FormNode& node, const QString& oldName, const QString& newName);

@@ -67,20 +67,29 @@ bool IsEmpty(const QVariant& value)
     return value.typeId() == QMetaType::QString && value.toString().isEmpty();
 }
 
-bool SameReference(const QVariant& one, const QVariant& other)
+TComponent* RootOf(TPersistent& instance)
 {
-    const auto* a = dynamic_cast<TComponent*>(one.value<TPersistent*>());
-    const auto* b = dynamic_cast<TComponent*>(other.value<TPersistent*>());
-    return a == b || (a && b && SameText(a->Name(), b->Name()));
+    auto* walk = ComponentOfPart(instance);
+    while (walk && walk->Owner())
+        walk = walk->Owner();
+    return walk;
 }
 
-bool IsInherited(const TPersistent& inherited, const TPropInfo& info, const QVariant& value)
+// Whether the form refers to what it would refer to if its file said nothing.
+bool IsInheritedReference(TPersistent& inherited, const QVariant& old, const QVariant& value, TComponent& root)
+{
+    auto* target = dynamic_cast<TComponent*>(old.value<TPersistent*>());
+    auto* expected = target ? FormLinks::InheritedTarget(*RootOf(inherited), *target, root) : nullptr;
+    return dynamic_cast<TComponent*>(value.value<TPersistent*>()) == expected;
+}
+
+bool IsInherited(TPersistent& inherited, const TPropInfo& info, const QVariant& value, TComponent& root)
 {
     const auto* there = GetPropInfo(&inherited, info.Name);
     if (!there)
         return false;
     const auto old = there->Get(&inherited);
-    return info.PropType.Kind == tkClass ? SameReference(old, value) : old == value;
+    return info.PropType.Kind == tkClass ? IsInheritedReference(inherited, old, value, root) : old == value;
 }
 
 // The same property of the item in the file and of the live one.
@@ -107,7 +116,7 @@ int FirstDifference(const FormProperty& property, const TCollection& collection)
 
 }
 
-void LiveForm::WriteProperty(TPersistent& instance, const QString& property, const TPersistent* inherited)
+void LiveForm::WriteProperty(TPersistent& instance, const QString& property, TPersistent* inherited)
 {
     if (!ComponentOfPart(instance))
         return;
@@ -168,7 +177,7 @@ QString PlaceOf(const GeometryPlaces& places, const QString& name)
 }
 
 void LiveForm::WriteValue(TPersistent& instance, const TPropInfo* info, const QString& name, FormNode& node,
-    const QString& path, const TPersistent* inherited)
+    const QString& path, TPersistent* inherited)
 {
     auto* component = dynamic_cast<TComponent*>(&instance);
     if (!info && component && (SameText(name, u"Left") || SameText(name, u"Top"))) {
@@ -207,7 +216,7 @@ void LiveForm::WriteValue(TPersistent& instance, const TPropInfo* info, const QS
     if (info->IsStored && !info->IsStored(&instance))
         return;
     const auto value = info->Get(&instance);
-    const bool isDefault = inherited ? IsInherited(*inherited, *info, value)
+    const bool isDefault = inherited ? IsInherited(*inherited, *info, value, *FRoot)
         : IsSaidElsewhere(instance)  ? false
         : info->Default.isValid()    ? value == info->Default || (IsEmpty(value) && IsEmpty(info->Default))
                                      : IsEmpty(value);

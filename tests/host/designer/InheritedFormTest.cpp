@@ -174,3 +174,71 @@ TEST_F(InheritedForms, AFrameOwnsItsInnerComponents)
     text->SetLeft(40);
     EXPECT_EQ(LineDifference(form, FormText(u"MainForm"_qs)), "+Left = 40\n");
 }
+
+namespace {
+
+class ReferencesOfInheritedForms : public InheritedForms {
+protected:
+    void OpenForms(const QString& more = {})
+    {
+        Shop.Form(u"Base"_qs,
+            u"object Store: TZAConnection\nend\nobject Stock: TZAQuery\nConnection = Store\nend\n"_qs + more);
+        Shop.InheritedForm(u"Heir"_qs, u"Base"_qs).InheritedForm(u"Twin"_qs, u"Base"_qs);
+        Open(Shop);
+    }
+    void Connect(const QString& dataset, const QString& connection)
+    {
+        SetObjectProp(Component(dataset), u"Connection"_qs, Component(connection));
+    }
+    TPersistent* ConnectionOf(const QString& dataset) { return GetObjectProp(Component(dataset), u"Connection"_qs); }
+};
+
+}
+
+TEST_F(ReferencesOfInheritedForms, LeadToTheirOwnCounterpart)
+{
+    OpenForms(u"object Other: TZAConnection\nend"_qs);
+    const auto heir = FormText(u"Heir"_qs);
+    EXPECT_EQ(ConnectionOf(u"Heir.Stock"_qs), Component(u"Heir.Store"_qs));
+    Connect(u"Base.Stock"_qs, u"Base.Other"_qs);
+    EXPECT_EQ(ConnectionOf(u"Heir.Stock"_qs), Component(u"Heir.Other"_qs));
+    EXPECT_EQ(FormText(u"Heir"_qs), heir);
+}
+
+TEST_F(ReferencesOfInheritedForms, AreSaidWhereTheyLeadToTheAncestorsOwnComponent)
+{
+    OpenForms();
+    const auto heir = FormText(u"Heir"_qs);
+    Connect(u"Heir.Stock"_qs, u"Base.Store"_qs);
+    EXPECT_EQ(
+        LineDifference(heir, FormText(u"Heir"_qs)), "+inherited Stock: TZAQuery\n+Connection = Base.Store\n+end\n");
+    Connect(u"Heir.Stock"_qs, u"Heir.Store"_qs);
+    EXPECT_EQ(LineDifference(heir, FormText(u"Heir"_qs)), "+inherited Stock: TZAQuery\n+end\n");
+}
+
+TEST_F(ReferencesOfInheritedForms, AreTheSameWhenTheAncestorOpensAgain)
+{
+    OpenForms();
+    Connect(u"Heir.Stock"_qs, u"Base.Store"_qs);
+    Connect(u"Base.Stock"_qs, u"Twin.Store"_qs);
+    TheHost->SaveAll();
+    const auto unit = Shop.UnitOf(u"Base"_qs);
+    TheHost->CloseModule(FormOf(u"Base"_qs));
+    TheHost->OpenModuleFile(unit);
+    EXPECT_EQ(ConnectionOf(u"Heir.Stock"_qs), Component(u"Base.Store"_qs));
+    EXPECT_EQ(ConnectionOf(u"Twin.Stock"_qs), Component(u"Twin.Store"_qs));
+    EXPECT_EQ(ConnectionOf(u"Base.Stock"_qs), Component(u"Twin.Store"_qs));
+}
+
+TEST_F(ReferencesOfInheritedForms, FollowTheAncestorToAComponentOfAnotherForm)
+{
+    OpenForms();
+    const auto heir = FormText(u"Heir"_qs);
+    Connect(u"Base.Stock"_qs, u"Twin.Store"_qs);
+    EXPECT_EQ(ConnectionOf(u"Heir.Stock"_qs), Component(u"Twin.Store"_qs));
+    EXPECT_EQ(ConnectionOf(u"Twin.Stock"_qs), Component(u"Twin.Store"_qs));
+    EXPECT_EQ(FormText(u"Heir"_qs), heir);
+    TheHost->Undo().Undo();
+    EXPECT_EQ(ConnectionOf(u"Heir.Stock"_qs), Component(u"Heir.Store"_qs));
+    EXPECT_EQ(ConnectionOf(u"Twin.Stock"_qs), Component(u"Twin.Store"_qs));
+}
