@@ -51,6 +51,7 @@ void TDataSetList::BuildDataSetList(WordBool clearFirst)
         else
             BuildFromOpenModules(project, list);
     }
+    LinkInherited();
     for (int i = 0; i < GetItemCount(); ++i)
         TakeMaster(*GetItem(i));
     if (IsEventEnabled(deDataSetListLoad) && FEvents)

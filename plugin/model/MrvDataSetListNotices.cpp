@@ -158,7 +158,7 @@ void TDataSetList::OnModuleRenamed(TObject*, const QString& oldName, const QStri
             GetItem(i)->FUnitName = newName;
 }
 
-// A parent form that was opened after the forms that inherit from it, or again.
+// A parent form that was read after the forms that inherit from it, or again.
 void TDataSetList::LinkInherited()
 {
     for (int i = 0; i < GetItemCount(); ++i) {

@@ -403,6 +403,17 @@ TEST_F(FollowingTheDesigner, KeepsTheLinkOfInheritedDatasetsOverARefresh)
     EXPECT_EQ(DataSet(u"Base.Books"_qs)->GetDescendant(), DataSet(u"Child.Books"_qs));
 }
 
+TEST_F(FollowingTheDesigner, LinksInheritedDatasetsInWhateverOrderTheModulesCome)
+{
+    OpenInherited();
+    const auto unit = Shop.UnitOf(u"Base"_qs);
+    TheHost->CloseModule(FormOf(u"Base"_qs));
+    TheHost->OpenModuleFile(unit);
+    List->BuildDataSetList(true);
+    ASSERT_NE(DataSet(u"Child.Books"_qs), nullptr);
+    EXPECT_EQ(DataSet(u"Base.Books"_qs)->GetDescendant(), DataSet(u"Child.Books"_qs));
+}
+
 TEST_F(FollowingTheDesigner, FindsAnUndoneDeletionAgain)
 {
     OpenShop();
