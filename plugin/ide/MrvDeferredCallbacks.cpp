@@ -145,6 +145,8 @@ void TDefferedOnSessionChange::OnTimer(TTimer*)
     Tick(QStringLiteral("TDefferedOnSessionChange.OnTimer - failed!"), [this] {
         if (FDataSetList->FEvents)
             FDataSetList->FEvents->OnSessionChanged();
+        if (FDataSetList->FMastersMayDiffer)
+            FDataSetList->RefreshMasters({});
     });
     // Nobody disables it; the step stays the last of the tick.
     FDataSetList->EnableEvents(deOnItemModified);

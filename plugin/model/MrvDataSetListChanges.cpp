@@ -312,9 +312,17 @@ void TDataSetList::InternalUpdateFieldDefs(TDataSetAttr* attr, bool notify, bool
         FEvents->OnRefershChildObject(held, QString(), FieldAdded);
 }
 
-// The datasets of other forms lose the connections that go with the unit; they are regrouped once it is closed.
+// The datasets of other forms lose the connections and the masters that go with the unit; they are looked after once it
+// is closed.
 void TDataSetList::PrepareDelete(const QString& unitName)
 {
+    for (int i = 0; i < GetItemCount(); ++i) {
+        auto* source = GetMasterSource(GetItem(i)->FComponent.get());
+        if (!source || !SameText(TMrvUtils::ExtractUnitName(source), unitName))
+            continue;
+        FMastersMayDiffer = true;
+        FDefferedOnSessionChange->AddItem(GetItem(i), false);
+    }
     for (int i = 0; i < FConnectionItem.Count(); ++i) {
         auto* connection = dynamic_cast<TCustomZAConnection*>(GetConnection(i)->FComponent.get());
         if (connection && SameText(TMrvUtils::ExtractUnitName(connection), unitName))

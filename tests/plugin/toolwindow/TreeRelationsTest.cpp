@@ -98,6 +98,24 @@ TEST_P(RelationsInTheTree, AMasterGoesWithItsDataSourceAndComesBackByAnUndo)
     EXPECT_EQ(Text(), FreshText());
 }
 
+TEST_P(RelationsInTheTree, AMasterGoesWithTheFormOfItsDataSourceAndComesBackWithIt)
+{
+    Shop.Form(u"Details"_qs, u"object Lines: TZAQuery\nMasterSource = Data.BooksSource\nend"_qs);
+    Start();
+    Set(u"Data.BooksSource"_qs, u"DataSet"_qs, u"MainForm.Local"_qs);
+    ASSERT_EQ(MasterOf(u"Lines"_qs), u"Local"_qs);
+    TheHost->SaveAll();
+    const auto before = Text();
+    const auto unit = Shop.UnitOf(u"Data"_qs);
+    TheHost->CloseModule(FormOf(u"Data"_qs));
+    Settle();
+    EXPECT_EQ(MasterOf(u"Lines"_qs), QString());
+    EXPECT_EQ(Text(), FreshText());
+    TheHost->OpenModuleFile(unit);
+    Settle();
+    EXPECT_EQ(Text(), before);
+}
+
 TEST_P(RelationsInTheTree, AnExpandedMasterStaysExpandedWhenItIsAnother)
 {
     Start();
