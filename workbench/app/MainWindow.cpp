@@ -7,6 +7,7 @@
 #include "dialogs/HelpWindow.h"
 #include "dialogs/Questions.h"
 #include "rtl/Guard.h"
+#include "rtl/HelpUtil.h"
 #include "services/Module.h"
 #include "services/Project.h"
 #include "ui/TMainMenuBar.h"
@@ -51,6 +52,8 @@ MainWindow::MainWindow(SessionOptions options, const QString& settingsFile)
         HelpWindow::Show(*this);
         return !HelpWindow::GuideFile().isEmpty();
     };
+    // There is one guide, whatever namespace and topic the plug-in names.
+    SetHelpHandler([this](const QString&, const QString&) { HelpWindow::Show(*this); });
     ConnectFiles();
     RestoreWindow();
     Refresh();
@@ -60,6 +63,7 @@ MainWindow::~MainWindow()
 {
     FEnding = true;
     TApplication::Instance().OnHelp = {};
+    SetHelpHandler({});
     while (FTabs->count() > 0)
         delete FTabs->widget(0);
     FSession.reset();

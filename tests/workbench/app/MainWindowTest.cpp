@@ -2,10 +2,12 @@
 
 #include "configuration/UserConfiguration.h"
 #include "ui/TPopupMenu.h"
+#include "visual/TAction.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
+#include <QTextBrowser>
 #include <QTreeWidget>
 
 class MainWindowTest : public WindowFixture {
@@ -203,4 +205,14 @@ TEST_F(MainWindowTest, ThePluginStartsAgainForItsLog)
     EXPECT_EQ(Exceptions, QStringList());
     EXPECT_EQ(Window->dockWidgetArea(&ToolWindow()), Qt::RightDockWidgetArea);
     EXPECT_NE(Window->Menu().Items().FindByName(QStringLiteral("ToolsMenu"))->Find(QStringLiteral("Morvane")), nullptr);
+}
+
+TEST_F(MainWindowTest, TheToolWindowsHelpOpensTheGuide)
+{
+    Start();
+    ToolWindow().findChild<TAction*>(QStringLiteral("acHelp"))->Execute();
+    const auto* help = Window->findChild<QTextBrowser*>(QStringLiteral("HelpWindow"));
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_TRUE(help->toPlainText().startsWith(QStringLiteral("User guide"))) << qPrintable(help->toPlainText().left(80));
 }
