@@ -4,6 +4,9 @@
 #include <QSet>
 #include <QXmlStreamReader>
 
+#include <optional>
+#include <utility>
+
 namespace {
 
 const auto Preferences = QStringLiteral("Preferences");
@@ -38,7 +41,7 @@ public:
         if (FReader.hasError())
             FProblems << XmlProblem();
         else if (!FGroupModeSeen)
-            FProblems << GroupModeProblem(QStringLiteral("GroupMode is missing"));
+            FProblems << FMissing.value_or(GroupModeProblem(QStringLiteral("GroupMode is missing")));
         return FProblems;
     }
 
@@ -48,7 +51,8 @@ private:
         if (token == QXmlStreamReader::StartElement) {
             FOpen << FReader.qualifiedName().toString();
         } else if (token == QXmlStreamReader::EndElement) {
-            FPreferencesEnded = FPreferencesEnded || FOpen.last() == Preferences;
+            if (FOpen.last() == Preferences && !std::exchange(FPreferencesEnded, true))
+                FMissing = GroupModeProblem(QStringLiteral("GroupMode is missing"));
             FEnded.insert(FOpen.takeLast().toLower());
         } else if (token == QXmlStreamReader::Characters && AtGroupMode()) {
             FGroupModeSeen = true;
@@ -141,6 +145,8 @@ private:
     QStringList FOpen;
     QSet<QString> FEnded;
     Problems FProblems;
+    // What to tell where the preferences end without one.
+    std::optional<Problem> FMissing;
     bool FPreferencesEnded = false;
     bool FGroupModeSeen = false;
 };

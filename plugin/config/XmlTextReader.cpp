@@ -50,6 +50,6 @@ void XmlTextReader::Fail()
     throw EXmlError(QStringLiteral("%1:%2:%3: %4")
                         .arg(FName)
                         .arg(FReader.lineNumber())
-                        .arg(FReader.columnNumber())
+                        .arg(FReader.columnNumber() + 1)
                         .arg(FReader.errorString().trimmed()));
 }

@@ -6,7 +6,7 @@
 
 class QFile;
 
-// A file that is no XML. The message begins with file:line:column.
+// A file that is no XML. The message begins with file:line:column, counted from 1.
 MRV_EXCEPTION(EXmlError, Exception);
 
 // An element's start (its empty form as well), its end, or text that is not only white space.

@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 // Keeps the session's pointer to the tool window, and hands the window on to the desktop of whoever shows it.
 class Session::ToolWindowWatch : public IDesktop {
@@ -76,6 +77,12 @@ Session::~Session()
     FHost.reset();
     FWatch.reset();
     TRegistryStore::SetDefault(nullptr);
+}
+
+Failure Session::FindConfigurationError()
+{
+    const auto users = UserConfiguration::Find(TRegistryStore::Default());
+    return QFileInfo::exists(users.FileName()) ? users.FindError() : std::nullopt;
 }
 
 // A private configuration is a copy of the user's in a folder that goes with the session; without one of the user's it

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/SqlDataAccess.h"
+#include "files/Problem.h"
 #include "packages/PackageList.h"
 #include "services/Host.h"
 #include "ui/TDockableForm.h"
@@ -25,6 +26,10 @@ public:
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
+
+    // What keeps the user's own configuration from loading, told of their file; nothing where there is none yet. Who
+    // works on a private copy asks first, since all that fails later is told of the copy.
+    static Failure FindConfigurationError();
 
     Host& TheHost() { return *FHost; }
     PackageList& Packages() { return FPackages; }

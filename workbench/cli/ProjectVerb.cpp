@@ -25,6 +25,10 @@ void ProjectVerb::AddConnectionOptions()
 
 Session* ProjectVerb::Start(SessionOptions options)
 {
+    if (const auto error = Session::FindConfigurationError()) {
+        Complain(error->ToString());
+        return nullptr;
+    }
     options.PrivateConfiguration = true;
     options.Parts.Clock = &FClock;
     options.Parts.OnProblem = [](const Problem& problem) { Complain(problem.ToString()); };

@@ -52,6 +52,10 @@ ExitStatus ShotVerb::Run()
     const auto output = Parser.value(QStringLiteral("output"));
     if (files.size() != 1 || output.isEmpty())
         return Misused(QStringLiteral("name a project, and with -o the picture to write"));
+    if (const auto error = Session::FindConfigurationError()) {
+        Complain(error->ToString());
+        return Failed;
+    }
     QTemporaryDir folder;
     ManualClock clock;
     SessionOptions options;

@@ -73,7 +73,7 @@ TEST_F(ConfigurationFaults, AnEmptyFileIsAnError)
 TEST_F(ConfigurationFaults, AMissingGroupModeIsToldWithWhatToWrite)
 {
     EXPECT_EQ(Faults("<Morvane>\n<Preferences></Preferences></Morvane>"),
-        u"Error cfg:2:38: GroupMode is missing; the tool window needs <GroupMode>0</GroupMode> (or 1, by form, or 2, "
+        u"Error cfg:2:28: GroupMode is missing; the tool window needs <GroupMode>0</GroupMode> (or 1, by form, or 2, "
         u"by "
         "connection) below Preferences"_qs);
 }

@@ -400,17 +400,17 @@ TEST_F(ConfigurationFile, TwoClassesOfOneCaptionGiveAFileThatDoesNotLoad)
 TEST_F(ConfigurationFile, WrongXmlIsToldWithItsPlaceAndTheFileIsNotTouched)
 {
     EXPECT_EQ(
-        ErrorOver("<Morvane>\n  <Preferences>\n  </Wrong>"), u"Morvane.cfg:3:10: Opening and ending tag mismatch."_qs);
+        ErrorOver("<Morvane>\n  <Preferences>\n  </Wrong>"), u"Morvane.cfg:3:11: Opening and ending tag mismatch."_qs);
 }
 
 TEST_F(ConfigurationFile, AFileThatIsCutOffIsToldWithItsPlace)
 {
-    EXPECT_EQ(ErrorOver(Configuration("<A>1</A>").left(60)), u"Morvane.cfg:1:60: Premature end of document."_qs);
+    EXPECT_EQ(ErrorOver(Configuration("<A>1</A>").left(60)), u"Morvane.cfg:1:61: Premature end of document."_qs);
 }
 
 TEST_F(ConfigurationFile, AnEmptyFileIsNoXml)
 {
-    EXPECT_EQ(ErrorOver({}), u"Morvane.cfg:1:0: Premature end of document."_qs);
+    EXPECT_EQ(ErrorOver({}), u"Morvane.cfg:1:1: Premature end of document."_qs);
 }
 
 TEST_F(ConfigurationFile, BytesThatAreNoTextAreNoXml)

@@ -1,5 +1,6 @@
 #include "cli/CommandLineFixture.h"
 
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -38,6 +39,64 @@ TEST_F(TreeVerb, LeavesTheUsersConfigurationAndTheProjectAsTheyWere)
         QStringLiteral("--group"), QStringLiteral("form") });
     EXPECT_EQ(Content(QStringLiteral("Main.dfm")), before);
     EXPECT_FALSE(QFile::exists(Folder.filePath(QStringLiteral(".config/morvane/Morvane.cfg"))));
+}
+
+namespace {
+
+// A user who has this configuration; every verb that loads the plug-in reads it.
+class VerbsOverAConfiguration : public CommandLineFixture {
+protected:
+    QString FileName() const { return Folder.filePath(QStringLiteral(".config/morvane/Morvane.cfg")); }
+    void Write(const QByteArray& content) const
+    {
+        QDir().mkpath(QFileInfo(FileName()).path());
+        QFile file(FileName());
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    // What the verbs say, each the same; and none of them writes.
+    void AllSay(const QString& message)
+    {
+        CopyExample(QStringLiteral("bookshop"));
+        const auto project = InCopy(QStringLiteral("bookshop.dproj"));
+        const auto picture = Folder.filePath(QStringLiteral("shot.png"));
+        const QStringList tree { QStringLiteral("tree"), project };
+        const QStringList shot { QStringLiteral("shot"), project, QStringLiteral("-o"), picture };
+        const QStringList drop { QStringLiteral("drop"), project, QStringLiteral("--form"), QStringLiteral("Main"),
+            QStringLiteral("--item"), QStringLiteral("dmBookshop.qryBooks") };
+        for (const auto& arguments : { tree, shot, drop }) {
+            const auto ran = Morvane(arguments);
+            EXPECT_EQ(ran.Status, 1) << qPrintable(arguments.first());
+            EXPECT_EQ(ran.Output.toStdString(), "");
+            EXPECT_TRUE(ran.Errors.endsWith(FileName() + message)) << qPrintable(ran.Errors);
+        }
+        EXPECT_FALSE(QFile::exists(picture));
+    }
+};
+
+}
+
+TEST_F(VerbsOverAConfiguration, TellOfAFaultyOneByThePlaceInTheUsersFileAndLeaveIt)
+{
+    const QByteArray faulty = "<Morvane>\n  <Preferences>\n  </Wrong>";
+    Write(faulty);
+    AllSay(QStringLiteral(":3:11: Opening and ending tag mismatch.\n"));
+    QFile file(FileName());
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), faulty);
+}
+
+TEST_F(VerbsOverAConfiguration, TellWhatTheToolWindowMisses)
+{
+    Write("<Morvane>\n  <Preferences>\n  </Preferences>\n</Morvane>\n");
+    AllSay(QStringLiteral(":3:17: GroupMode is missing; the tool window needs <GroupMode>0</GroupMode> (or 1, by form, "
+                          "or 2, by connection) below Preferences\n"));
+}
+
+TEST_F(VerbsOverAConfiguration, TellOfOneThatIsNoFile)
+{
+    QDir().mkpath(FileName());
+    AllSay(QStringLiteral(": cannot be read: file to open is a directory\n"));
 }
 
 TEST_F(TreeVerb, DescribesATableFromTheDatabaseWhenItMayConnect)
