@@ -186,7 +186,7 @@ private:
     void DeleteConnection(TComponent* component);
     void RenameConnection(TConnectionAttr& attr, TCustomZAConnection* connection);
     void LinkInherited();
-    void RegroupUsersOf(TCustomZAConnection* connection);
+    void RegroupUsersOf(const QSet<const TComponent*>& connections);
     void DeleteMarkedField(TDataSetAttr* dataSet, TField* field);
     void SelectOne(IMrvCustomComponentAttr& item, const InterfacePtr<IDesigner>& activeDesigner);
 };

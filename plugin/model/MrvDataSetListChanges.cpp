@@ -173,12 +173,14 @@ void TDataSetList::DeleteConnection(TComponent* component)
     FDefferdDeleteDataSet->AddItem(connection, false);
 }
 
-// Datasets on other forms: a form that was opened brings their connections back, one that closes takes them.
-void TDataSetList::RegroupUsersOf(TCustomZAConnection* connection)
+// Components on other forms: a form that was opened brings their connections back, one that closes takes them.
+void TDataSetList::RegroupUsersOf(const QSet<const TComponent*>& connections)
 {
-    for (auto* dataSet : connection->DataSets()) {
-        auto* attr = dataSet->Owner() == connection->Owner() ? nullptr : GetDataSetAttrByObj(dataSet);
-        if (!attr)
+    for (int i = 0; !connections.isEmpty() && i < GetItemCount(); ++i) {
+        auto* attr = GetItem(i);
+        const auto* component = attr->FComponent.get();
+        const auto* connection = TMrvUtils::ExtractConnection(attr->FComponent.get());
+        if (!connections.contains(connection) || component->Owner() == connection->Owner())
             continue;
         attr->FSessionName = connection->Name();
         FDefferedOnSessionChange->AddItem(attr, false);
@@ -323,11 +325,13 @@ void TDataSetList::PrepareDelete(const QString& unitName)
         FMastersMayDiffer = true;
         FDefferedOnSessionChange->AddItem(GetItem(i), false);
     }
+    QSet<const TComponent*> connections;
     for (int i = 0; i < FConnectionItem.Count(); ++i) {
-        auto* connection = dynamic_cast<TCustomZAConnection*>(GetConnection(i)->FComponent.get());
+        auto* connection = GetConnection(i)->FComponent.get();
         if (connection && SameText(TMrvUtils::ExtractUnitName(connection), unitName))
-            RegroupUsersOf(connection);
+            connections << connection;
     }
+    RegroupUsersOf(connections);
     for (int i = 0; i < GetItemCount(); ++i)
         if (SameText(GetItem(i)->FUnitName, unitName))
             PrepareDelete(GetItem(i));

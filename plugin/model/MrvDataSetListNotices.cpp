@@ -163,8 +163,9 @@ void TDataSetList::LinkInherited()
 {
     for (int i = 0; i < GetItemCount(); ++i) {
         auto* attr = GetItem(i);
-        const auto* component = attr->FAncestor ? nullptr : attr->FComponent.get();
-        if (component && component->HasState(csAncestor))
+        const auto* component = attr->FComponent.get();
+        const bool isLinked = attr->FAncestor && attr->FAncestor->FComponent;
+        if (component && component->HasState(csAncestor) && !isLinked)
             attr->SetComponentName(attr->ComponentName());
     }
 }
@@ -185,9 +186,11 @@ void TDataSetList::OnFileNotification(TObject*, TOTAFileNotification code, const
     if (FBuildInProgress)
         return;
     GetDsListFromModule(module, list);
+    QSet<const TComponent*> connections;
     for (const auto& gathered : list.FItem.Held())
-        if (auto* connection = dynamic_cast<TCustomZAConnection*>(gathered->FComponent.get()))
-            RegroupUsersOf(connection);
+        if (const auto* connection = dynamic_cast<TCustomZAConnection*>(gathered->FComponent.get()))
+            connections << connection;
+    RegroupUsersOf(connections);
     LinkInherited();
     FEvents->OnRefreshDatasetList(fileName, rmAdd);
     // It may hold the masters of other modules, and these its own.

@@ -414,6 +414,15 @@ TEST_F(FollowingTheDesigner, LinksInheritedDatasetsInWhateverOrderTheModulesCome
     EXPECT_EQ(DataSet(u"Base.Books"_qs)->GetDescendant(), DataSet(u"Child.Books"_qs));
 }
 
+TEST_F(FollowingTheDesigner, LinksInheritedDatasetsAgainWhileTheOldOneIsStillAwaited)
+{
+    OpenInherited();
+    const InterfacePtr<TDataSetAttr> old(DataSet(u"Base.Books"_qs));
+    TheHost->Reload(FormOf(u"Base"_qs));
+    ASSERT_NE(DataSet(u"Base.Books"_qs), old.get());
+    EXPECT_EQ(DataSet(u"Base.Books"_qs)->GetDescendant(), DataSet(u"Child.Books"_qs));
+}
+
 TEST_F(FollowingTheDesigner, FindsAnUndoneDeletionAgain)
 {
     OpenShop();

@@ -127,15 +127,18 @@ TEST_P(RelationsInTheTree, AnExpandedMasterStaysExpandedWhenItIsAnother)
     EXPECT_TRUE(Tree().FindChildNodeByName(authors, sMasterDataSet)->Expanded());
 }
 
-TEST_P(RelationsInTheTree, DatasetsOfOtherFormsLoseAConnectionWhoseFormClosesAndHaveItAgain)
+TEST_P(RelationsInTheTree, OtherFormsLoseAConnectionWhoseFormClosesAndHaveItAgain)
 {
+    Shop.Form(u"Other"_qs,
+        u"object Clean: TZASQL\nConnection = Data.Shop\nend\nobject Fill: TZAScript\nConnection = Data.Shop\nend"_qs);
     Start();
     const auto before = Text();
     TheHost->CloseModule(FormOf(u"Data"_qs));
     Settle();
     EXPECT_EQ(Text(), FreshText());
     if (GetParam() == gmSession) {
-        EXPECT_EQ(GroupOf(u"MainForm.Local"_qs), u"{Unassigned}"_qs);
+        for (const auto* name : { u"MainForm.Local", u"Other.Clean", u"Other.Fill" })
+            EXPECT_EQ(GroupOf(QString::fromUtf16(name)), u"{Unassigned}"_qs);
     }
     TheHost->OpenModuleFile(Shop.UnitOf(u"Data"_qs));
     Settle();
