@@ -144,10 +144,10 @@ private:
     void Reconcile(const QList<FormTouch>& touches);
     void DropWhatIsGone(const QList<FormNode*>& nodes);
     void AdjustNodes(const QList<FormNode*>& nodes);
-    void MakeNode(FormNode& node, QList<WeakRef<TComponent>>& made);
+    void MakeNode(FormNode& node, QList<WeakRef<TComponent>>& made, QList<WeakRef<TComponent>>& changed);
     void ReadUnsaid(TComponent& component, const QString& path);
     void OrderFields(const QList<FormNode*>& nodes, QList<WeakRef<TComponent>>& changed);
-    void MakeWhatIsNew(const QList<FormNode*>& nodes);
+    void MakeWhatIsNew(const QList<FormNode*>& nodes, QList<WeakRef<TComponent>>& changed);
     void ReadTouched(const QList<FormTouch>& touches, QList<WeakRef<TComponent>>& changed);
     void SelectChanged(const QList<WeakRef<TComponent>>& changed);
 

@@ -54,8 +54,8 @@ void Designer::Reconcile(const QList<FormTouch>& touches)
         }
     DropWhatIsGone(nodes);
     AdjustNodes(nodes);
-    MakeWhatIsNew(nodes);
     QList<WeakRef<TComponent>> changed;
+    MakeWhatIsNew(nodes, changed);
     OrderFields(nodes, changed);
     ReadTouched(touches, changed);
     SelectChanged(changed);
@@ -131,7 +131,8 @@ void Designer::OrderFields(const QList<FormNode*>& nodes, QList<WeakRef<TCompone
     }
 }
 
-void Designer::MakeNode(FormNode& node, QList<WeakRef<TComponent>>& made)
+// `changed` gets what an ancestor's form made, and the node says more of.
+void Designer::MakeNode(FormNode& node, QList<WeakRef<TComponent>>& made, QList<WeakRef<TComponent>>& changed)
 {
     auto* parent = node.Parent() ? FForm->ComponentOf(node.Parent()) : nullptr;
     if (!parent || FForm->ComponentOf(&node) || !FForm->IsInFile(node))
@@ -150,15 +151,16 @@ void Designer::MakeNode(FormNode& node, QList<WeakRef<TComponent>>& made)
     FForm->Bind(node, *inherited);
     for (const auto* property : node.Properties())
         FForm->ReadProperty(node, property->Name(), RootFinder());
+    changed << WeakRef<TComponent>(inherited);
     for (auto* child : node.Children())
-        MakeNode(*child, made);
+        MakeNode(*child, made, changed);
 }
 
-void Designer::MakeWhatIsNew(const QList<FormNode*>& nodes)
+void Designer::MakeWhatIsNew(const QList<FormNode*>& nodes, QList<WeakRef<TComponent>>& changed)
 {
     QList<WeakRef<TComponent>> made;
     for (auto* node : nodes)
-        MakeNode(*node, made);
+        MakeNode(*node, made, changed);
     QList<TPersistent*> present;
     for (const auto& component : std::as_const(made)) {
         if (component)

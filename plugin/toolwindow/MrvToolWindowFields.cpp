@@ -319,10 +319,11 @@ void TMrvToolWindow::OnFieldIndexModified(IMrvEvents* sender, const InterfacePtr
     for (auto* node : FDataSetView->FindNodesByDataRef(dataSet)) {
         InternalFieldIndexModified(sender, node, dataSet, field, oldIndex, newIndex);
         // Captions carry the index. Asking for them brings the wrappers up to date, and no event comes for those.
-        auto* fieldsNode = FDataSetView->FindChildNodeByName(node, sFields);
-        RecaptionFields(fieldsNode);
+        if (auto* fieldsNode = FDataSetView->FindChildNodeByName(node, sFields)) {
+            RecaptionFields(fieldsNode);
+            FDataSetView->SortChildren(fieldsNode);
+        }
     }
-    FDataSetView->Sort();
 }
 
 void TMrvToolWindow::InternalFieldIndexModified(IMrvEvents*, TTreeNode* node, const InterfacePtr<IMrvDataSetAttr>&,

@@ -3,6 +3,8 @@
 #include "data/TField.h"
 #include "support/HostFixture.h"
 
+#include <gmock/gmock.h>
+
 namespace {
 
 class InheritedForms : public PackagedHostFixture {
@@ -108,6 +110,17 @@ TEST_F(InheritedForms, LoseWhatIsDeletedInTheAncestor)
     TheHost->Undo().Undo();
     EXPECT_NE(Component(u"OrdersForm.Query"_qs), nullptr);
     EXPECT_EQ(FormText(u"OrdersForm"_qs), orders);
+}
+
+TEST_F(InheritedForms, TellWhatTheySayAgainWhenADeletionInTheAncestorIsUndone)
+{
+    OpenShop();
+    SetStrProp(Component(u"OrdersForm.Caption"_qs), u"Hint"_qs, u"Orders"_qs);
+    DesignerOf(u"BaseForm"_qs).DeleteComponents({ Component(u"BaseForm.Caption"_qs) });
+    Recorder.Take();
+    TheHost->Undo().Undo();
+    EXPECT_EQ(GetStrProp(Component(u"OrdersForm.Caption"_qs), u"Hint"_qs), u"Orders"_qs);
+    EXPECT_THAT(Recorder.Take(), testing::HasSubstr("selection OrdersForm: Caption\nmodified OrdersForm\n"));
 }
 
 TEST_F(InheritedForms, TakeARenameOfTheAncestorIntoTheirFile)

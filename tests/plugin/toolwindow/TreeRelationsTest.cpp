@@ -202,6 +202,27 @@ TEST_P(RelationsInTheTree, FieldsOfAllInheritingFormsFollowADragOfTheParentsFiel
     EXPECT_EQ(heir->GetFirstChild()->GetFirstChild()->Text(), u"0 - No{StockNo}"_qs);
 }
 
+TEST_P(RelationsInTheTree, FieldsOfAllInheritingFormsFollowAMoveInTheDesigner)
+{
+    Shop.DataModule(u"Base"_qs,
+        u"object Stock: TZAQuery\nobject StockNo: TIntegerField\nFieldName = 'No'\nend\n"
+        "object StockName: TStringField\nFieldName = 'Name'\nend\n"
+        "object StockCity: TStringField\nFieldName = 'City'\nend\nend"_qs);
+    Shop.InheritedForm(u"Heir"_qs, u"Base"_qs);
+    Shop.InheritedForm(u"Twin"_qs, u"Base"_qs);
+    Start();
+    AddField(u"Twin.Stock"_qs, u"Note"_qs);
+    DesignerOf(u"Twin"_qs).RenameComponent(*Component(u"Twin.StockNote"_qs), u"Remark"_qs);
+    for (const int index : { 2, 0, 1 }) {
+        auto* field = dynamic_cast<TField*>(Component(u"Base.StockNo"_qs));
+        DesignerOf(u"Base"_qs).SelectComponent(field);
+        field->SetIndex(index);
+        DesignerOf(u"Base"_qs).Modified();
+        Settle();
+        EXPECT_EQ(Text(), FreshText());
+    }
+}
+
 TEST_P(RelationsInTheTree, AConnectionGivenInTheTreeReachesAllInheritingForms)
 {
     Shop.DataModule(u"Base"_qs, u"object Stock: TZAQuery\nend"_qs);
