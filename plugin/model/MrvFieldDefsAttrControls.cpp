@@ -27,6 +27,10 @@ int TFieldDefsAttr::IntfCreateControl(
     TCustomComponentAttr::IntfCreateControl(targetName, formName, x, y, withLabel);
     const auto designer = InterfaceCast<IDesigner>(FindRootDesigner(GetTargetComponent(targetName, formName)));
     auto* dataSet = FDataSetAttr ? FDataSetAttr->GetDataSetComponent() : nullptr;
+    // One that makes nothing needs no unit.
+    NeedChoice();
+    if (FCtrlCreationMode == ccmNone)
+        return 0;
     if (!designer || (dataSet && !ConfirmLink(designer, dataSet->Owner(), dataSet)))
         return 0;
     return CreateControl(targetName, formName, designer, x, y, withLabel);
