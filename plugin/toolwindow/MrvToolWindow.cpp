@@ -186,7 +186,6 @@ void TMrvToolWindow::MakeActions()
         action->SetImageIndex(row.Image);
         if (const auto execute = row.Execute)
             action->OnExecute = [this, execute](QObject*) { AtEventBorder([&] { (this->*execute)(); }); };
-        connect(action, &QAction::triggered, action, [action] { action->Execute(); });
         this->*row.Field = action;
     }
     for (const auto mode : { gmNone, gmForm, gmSession }) {

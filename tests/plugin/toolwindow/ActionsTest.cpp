@@ -199,6 +199,16 @@ TEST_F(TheWindowsActions, StayOnTopAndDockableToggle)
     EXPECT_EQ(Window().allowedAreas(), Qt::AllDockWidgetAreas);
 }
 
+TEST_F(TheWindowsActions, RunOnceWhenAButtonTriggersThem)
+{
+    const auto run = Window().acStayOnTop->OnExecute;
+    int runs = 0;
+    Window().acStayOnTop->OnExecute = [&](QObject*) { ++runs; };
+    Window().acStayOnTop->trigger();
+    EXPECT_EQ(runs, 1);
+    Window().acStayOnTop->OnExecute = run;
+}
+
 TEST_F(TheWindowsActions, FollowTheSelectedNode)
 {
     Select(Books);
