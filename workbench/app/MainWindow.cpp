@@ -1,8 +1,10 @@
 #include "app/MainWindow.h"
 
+#include "app/ConfigurationWatch.h"
 #include "app/ModuleView.h"
 #include "app/ProblemList.h"
 #include "app/ProjectFiles.h"
+#include "configuration/UserConfiguration.h"
 #include "designer/FormSurface.h"
 #include "dialogs/HelpWindow.h"
 #include "dialogs/Questions.h"
@@ -47,6 +49,10 @@ MainWindow::MainWindow(SessionOptions options, const QString& settingsFile)
         parts.Exceptions = Questions::ExceptionBox(*this);
     options.Desktop = this;
     FSession = std::make_unique<Session>(std::move(options));
+    FConfigurationWatch
+        = std::make_unique<ConfigurationWatch>(UserConfiguration(FSession->ConfigurationFolder()).FileName());
+    connect(FConfigurationWatch.get(), &ConfigurationWatch::Changed, this,
+        [this] { AtEventBorder([&] { NoteConfiguration(); }); });
     FSession->Data().SetLogin(Questions::Login(*this));
     TApplication::Instance().OnHelp = [this](int, std::intptr_t) {
         HelpWindow::Show(*this);
@@ -64,6 +70,7 @@ MainWindow::~MainWindow()
     FEnding = true;
     TApplication::Instance().OnHelp = {};
     SetHelpHandler({});
+    FConfigurationWatch.reset();
     while (FTabs->count() > 0)
         delete FTabs->widget(0);
     FSession.reset();

@@ -7,11 +7,12 @@
 #include <QMainWindow>
 #include <QSettings>
 
-class UserConfiguration;
+class ConfigurationWatch;
 class FormSurface;
 class ModuleView;
 class ProblemList;
 class ProjectFiles;
+class UserConfiguration;
 
 // The workbench's window: the files of the projects on the left, forms and units in the middle, the plug-in's window
 // docked on the right, problems below. It owns the session and is the desktop that dockable windows come to.
@@ -72,6 +73,7 @@ private:
     void UpdateStatus();
     QString StatusText();
     QString ConfigurationTrouble() const;
+    void NoteConfiguration();
     void OfferToRestore();
     Failure Restore();
     void OfferStarter(const UserConfiguration& configuration);
@@ -111,8 +113,9 @@ private:
     QPointer<TDockableForm> FToolWindow;
     QLabel* FStatus = nullptr;
     QString FPluginFailure;
-    // What keeps the configuration from being used, as it was when the plug-in started.
+    // What keeps the configuration from being used, as it was when the plug-in started or the file changed last.
     QString FConfigurationTrouble;
+    std::unique_ptr<ConfigurationWatch> FConfigurationWatch;
     bool FRefreshing = false;
     bool FRefreshWaits = false;
     bool FEnding = false;

@@ -30,14 +30,34 @@ void MainWindow::UpdateStatus()
 QString MainWindow::ConfigurationTrouble() const
 {
     const UserConfiguration configuration(FSession->ConfigurationFolder());
-    if (const auto error = configuration.FindError())
-        return tr(
-            "The configuration cannot be read: %1. Tools > Restore the Configuration puts the last good one back.")
-            .arg(error->ToString());
+    if (const auto error = configuration.FindError()) {
+        const auto text = configuration.HasGoodCopy()
+            ? tr("The configuration cannot be read: %1 - Tools > Restore the Configuration puts the last good one back")
+            : tr("The configuration cannot be read: %1 - Tools > Restore the Configuration begins with a new one");
+        return text.arg(error->ToString());
+    }
     if (!configuration.OffersControls())
         return tr(
             "No controls are configured: nothing can be dragged. Tools > Restore the Configuration sets them up.");
     return {};
+}
+
+// The plug-in saves while it runs, and a person or another workbench may write the file. Each one that can be read is
+// kept; of one that cannot, the fault is told. Where the plug-in did not start, it gets another chance.
+void MainWindow::NoteConfiguration()
+{
+    const UserConfiguration configuration(FSession->ConfigurationFolder());
+    const auto error = configuration.FindError();
+    if (!error && !FPluginFailure.isEmpty())
+        return StartPlugin();
+    if (const auto failure = configuration.KeepGoodCopy())
+        AddProblem(*failure);
+    const auto trouble = ConfigurationTrouble();
+    if (std::exchange(FConfigurationTrouble, trouble) == trouble)
+        return;
+    if (error)
+        AddProblem(*error);
+    RefreshLater();
 }
 
 QString MainWindow::StatusText()

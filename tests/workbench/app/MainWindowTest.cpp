@@ -182,21 +182,6 @@ TEST_F(MainWindowTest, AProjectConnectsOnlyOnceItIsAllowedTo)
     EXPECT_TRUE(MainMenu::Item(Window->Menu(), Command::AllowConnections).Checked());
 }
 
-TEST_F(MainWindowTest, AConfigurationThatCannotBeReadIsReplacedWhenThePersonSaysSo)
-{
-    const auto users = Folder.filePath(QStringLiteral("users/"));
-    UserConfiguration(users).Prepare(Registry);
-    ScriptedProject::WriteFile(UserConfiguration(users).FileName(), "<Broken");
-    Answer = mrNo;
-    Start();
-    EXPECT_TRUE(Status().startsWith(QStringLiteral("The configuration cannot be read")));
-    Answer = mrYes;
-    Start();
-    EXPECT_EQ(Questions.size(), 2);
-    EXPECT_EQ(Status(), QStringLiteral("Open a project: File > Open Project"));
-    EXPECT_EQ(ScriptedProject::Read(UserConfiguration(users).FileName()), "<Broken");
-}
-
 TEST_F(MainWindowTest, ThePluginStartsAgainForItsLog)
 {
     Start(Shop.Write());
@@ -214,5 +199,6 @@ TEST_F(MainWindowTest, TheToolWindowsHelpOpensTheGuide)
     const auto* help = Window->findChild<QTextBrowser*>(QStringLiteral("HelpWindow"));
     ASSERT_NE(help, nullptr);
     EXPECT_TRUE(help->isVisible());
-    EXPECT_TRUE(help->toPlainText().startsWith(QStringLiteral("User guide"))) << qPrintable(help->toPlainText().left(80));
+    EXPECT_TRUE(help->toPlainText().startsWith(QStringLiteral("User guide")))
+        << qPrintable(help->toPlainText().left(80));
 }

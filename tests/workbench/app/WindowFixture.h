@@ -32,7 +32,7 @@ protected:
     {
         Window.reset();
         SessionOptions options;
-        options.PrivateConfiguration = true;
+        options.PrivateConfiguration = PrivateConfiguration;
         options.Parts.Registry = &Registry;
         options.Parts.MessageBox = [this](const QString& text, TMsgDlgType, TMsgDlgButtons) {
             Questions << text;
@@ -65,6 +65,7 @@ protected:
 
     QTemporaryDir Folder;
     TRegistryStore Registry;
+    bool PrivateConfiguration = true;
     TModalResult Answer = mrCancel;
     QStringList Questions;
     QStringList Exceptions;
