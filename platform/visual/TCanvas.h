@@ -102,6 +102,8 @@ public:
     // Holds other users of this canvas off between the two.
     void Lock() { FMutex.lock(); }
     void Unlock() { FMutex.unlock(); }
+    // Locks unless another user holds it; false then.
+    bool TryLock() { return FMutex.tryLock(); }
 
 protected:
     // Called when something is drawn without a handle; a subclass that has a surface of its own sets the handle.

@@ -18,6 +18,32 @@ constexpr int LeastSeparatorHeight = 9;
 // An item's picture is taken for this wide and high when nobody says how large it is.
 constexpr int UsualGlyphSize = 16;
 
+// The items that an open menu shows: without those that are not visible, and without leading, trailing and doubled
+// lines.
+QList<TMenuItem*> shownItems(const TMenuItem& menu)
+{
+    QList<TMenuItem*> shown;
+    for (int i = 0; i < menu.Count(); ++i) {
+        auto* item = menu.Items(i);
+        const auto superfluous = item->IsLine() && (shown.isEmpty() || shown.last()->IsLine());
+        if (item->Visible() && !superfluous)
+            shown << item;
+    }
+    while (!shown.isEmpty() && shown.last()->IsLine())
+        shown.removeLast();
+    return shown;
+}
+
+bool isFirstShown(const TMenuItem& item)
+{
+    for (int i = item.MenuIndex() - 1; i >= 0; --i) {
+        const auto* before = item.Parent()->Items(i);
+        if (before->Visible() && !before->IsLine())
+            return false;
+    }
+    return true;
+}
+
 bool holds(const TImageList* images, int index)
 {
     return images != nullptr && index >= 0 && index < images->Count();
@@ -308,7 +334,7 @@ void TCustomMenuItemPainter::MeasureMenu()
 {
     if (FLeftMargin == 0 || FItem == nullptr || FItem->Parent() == nullptr || !GetIsPopup())
         return;
-    if (FItem->MenuIndex() != 0 && FItemTops.contains(FItem))
+    if (!isFirstShown(*FItem) && FItemTops.contains(FItem))
         return;
     const auto item = FItem;
     const auto state = FState;
@@ -319,14 +345,12 @@ void TCustomMenuItemPainter::MeasureMenu()
     const auto brush = Canvas().Brush;
     FItemTops.clear();
     FMenuHeight = 0;
-    for (int i = 0; i < item->Parent()->Count(); ++i) {
-        auto* sibling = item->Parent()->Items(i);
+    for (auto* sibling : shownItems(*item->Parent())) {
         FItemTops[sibling] = FMenuHeight;
         int width = 0;
         int height = 0;
         Canvas().Font = font;
-        if (sibling->Visible())
-            Measure(sibling, width, height);
+        Measure(sibling, width, height);
         FMenuHeight += height;
     }
     FItem = item;

@@ -105,6 +105,9 @@ TPopupMenuEx::~TPopupMenuEx()
 
 void TPopupMenuEx::CreateStylePainter()
 {
+    // An event of the item being painted may change the style; its painter then still has steps to go.
+    if (FCanvas)
+        FReplacedPainters.push_back(std::move(FStyleItemPainter));
     switch (FStyle) {
     case msOwnerDraw:
         FStyleItemPainter = std::make_unique<TOwnerDrawMenuItemPainter>();
@@ -275,6 +278,8 @@ void TPopupMenuEx::ReadState(QDataStream& reader)
 
 void TPopupMenuEx::AssignMenuItems(const TMenuItem& source, TMenuItem& target)
 {
+    if (&source == &target)
+        return;
     target.Clear();
     for (int i = 0; i < source.Count(); ++i) {
         auto* item = new TMenuItem;
@@ -400,7 +405,11 @@ void TPopupMenuEx::WithCanvas(
 {
     // An event that draws may have the menu measured.
     auto outer = std::exchange(FCanvas, std::make_unique<TControlCanvas>());
-    const Finally restore([&] { FCanvas = std::move(outer); });
+    const Finally restore([&] {
+        FCanvas = std::move(outer);
+        if (!FCanvas)
+            FReplacedPainters.clear();
+    });
     FCanvas->SetPalette(option.palette);
     SetDefaultMenuFont(FCanvas->Font);
     // Measured and drawn in one font, so that what is measured is what is drawn.

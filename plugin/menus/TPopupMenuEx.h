@@ -6,6 +6,7 @@
 #include "visual/TCursor.h"
 
 #include <memory>
+#include <vector>
 
 class PopupMenuStyle;
 class QStyle;
@@ -140,6 +141,8 @@ private:
     bool FParentBiDiMode = true;
     std::unique_ptr<TControlCanvas> FCanvas;
     std::unique_ptr<TCustomMenuItemPainter> FStyleItemPainter;
+    // Those of styles left while an item was painted, until it is.
+    std::vector<std::unique_ptr<TCustomMenuItemPainter>> FReplacedPainters;
     QPointer<TCustomMenuItemPainter> FItemPainter;
     bool FOwnerDraw = false;
     std::unique_ptr<PopupMenuStyle> FWidgetStyle;

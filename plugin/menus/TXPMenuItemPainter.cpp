@@ -70,6 +70,7 @@ bool TXPMenuItemPainter::GetDrawHighlight()
 void TXPMenuItemPainter::PreparePaint(TMenuItem* item, const TRect& rect, TMenuOwnerDrawState state, bool measuring)
 {
     Canvas().Brush.Color = clNone;
+    FRightEdge = rect.Right;
     TCustomMenuItemPainter::PreparePaint(item, rect, state, measuring);
 }
 
@@ -105,6 +106,9 @@ void TXPMenuItemPainter::DrawImageBackground(const TRect& rect)
     canvas.Brush = { ImageColumnColor(), bsSolid };
     canvas.Pen.Style = psClear;
     canvas.Rectangle({ rect.Left, rect.Top, rect.Right, rect.Bottom + 1 });
+    // The rectangle leaves out its last pixel, which from right to left would show between column and border.
+    if (GetIsRightToLeft() && rect.Right == FRightEdge)
+        canvas.FillRect({ rect.Right - 1, rect.Top, rect.Right, rect.Bottom });
     FColumnEdge = GetIsRightToLeft() ? rect.Left : rect.Right - 1;
 }
 

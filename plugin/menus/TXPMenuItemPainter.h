@@ -56,6 +56,8 @@ private:
     TColor FSeparatorColor;
     TColor FCheckedImageBackColorSelected;
     TColor FCheckedImageBackColor;
+    // The right edge of the item.
+    int FRightEdge = 0;
     // Where the columns of check marks and pictures end.
     int FColumnEdge = 0;
     // The menu that FSelRect belongs to.

@@ -98,10 +98,19 @@ void drawOwn(QObject* sender, TCanvas& canvas, const TRect& rect, TMenuOwnerDraw
     const auto* item = qobject_cast<TMenuItem*>(sender);
     canvas.Brush.Color = state.testFlag(mdSelected) ? clHighlight : clInfoBk;
     canvas.Font.Color = state.testFlag(mdSelected) ? clHighlightText : clInfoText;
+    if (state.testFlag(mdDisabled))
+        canvas.Font.Color = clGrayText;
     canvas.FillRect(rect);
     canvas.Brush.Style = bsClear;
+    const auto& menu = *dynamic_cast<const TPopupMenuEx*>(item->GetParentMenu());
+    const auto rightToLeft = menu.UseRightToLeftAlignment();
+    const auto iconLeft = rightToLeft ? rect.Right - 22 : rect.Left + 6;
+    menu.Images()->Draw(*canvas.Handle(), iconLeft, rect.Top + 3, item->ImageIndex());
+    if (state.testFlag(mdChecked) && item->ImageIndex() < 0)
+        canvas.DrawText(QStringLiteral("x"), { iconLeft + 5, rect.Top + 3, rect.Right, rect.Bottom }, DT_SINGLELINE);
     canvas.DrawText(item->IsLine() ? QStringLiteral("* * *") : item->Caption(),
-        { rect.Left + 8, rect.Top + 3, rect.Right, rect.Bottom }, DT_SINGLELINE);
+        { rect.Left + 28, rect.Top + 3, rect.Right - 28, rect.Bottom },
+        DT_SINGLELINE | (rightToLeft ? DT_RIGHT | DT_RTLREADING : DT_LEFT));
 }
 
 // Pictures and painter of a menu, which must outlive it.

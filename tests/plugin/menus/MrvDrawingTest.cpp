@@ -6,10 +6,13 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QProxyStyle>
 #include <QStyle>
 #include <QStyleOptionMenuItem>
 
 #include <gtest/gtest.h>
+
+#include <thread>
 
 namespace {
 
@@ -171,6 +174,11 @@ TEST(GradientFillRect, MoreColoursThanAByteCountsAreNotAskedFor)
         bands(gradient({ 1, 600 }, fdTopToBottom, 255, RGB(0, 0, 0), RGB(254, 0, 0))).substr(0, 12), "2*0 2*1 2*2 ");
 }
 
+TEST(GradientFillRect, OneColourThatIsNoneIsNotBoth)
+{
+    EXPECT_NE(text(gradient({ 1, 2 }, fdTopToBottom, 2, clNone, clRed)), "m\nm\n");
+}
+
 TEST(GradientFillRect, TwoColoursThatAreNoneAndAnEmptyRectangleDrawNothing)
 {
     EXPECT_EQ(text(gradient({ 1, 2 }, fdTopToBottom, 32, clNone, clNone)), "m\nm\n");
@@ -179,13 +187,44 @@ TEST(GradientFillRect, TwoColoursThatAreNoneAndAnEmptyRectangleDrawNothing)
     EXPECT_EQ(text(surface.image), "mm\nmm\n");
 }
 
-TEST(GradientFillRect, LeavesTheCanvasUnlocked)
+TEST(GradientFillRect, HoldsTheCanvasLockedUntilItIsDone)
 {
+    class Canvas : public TCanvas {
+    public:
+        explicit Canvas(Surface& surface)
+            : FSurface(surface)
+        {
+        }
+
+        bool lockedForOthers()
+        {
+            bool locked = false;
+            std::thread([&] {
+                locked = !TryLock();
+                if (!locked)
+                    Unlock();
+            }).join();
+            return locked;
+        }
+        QList<bool> whileDrawing;
+
+    protected:
+        void CreateHandle() override
+        {
+            whileDrawing << lockedForOthers();
+            SetHandle(&FSurface.painter);
+        }
+
+    private:
+        Surface& FSurface;
+    };
     Surface surface(2, 2);
-    GradientFillRect(surface.canvas, { 0, 0, 2, 2 }, clNone, clNone, fdTopToBottom, 32);
-    GradientFillRect(surface.canvas, { 0, 0, 2, 2 }, clRed, clBlue, fdTopToBottom, 32);
-    surface.canvas.Lock();
-    surface.canvas.Unlock();
+    Canvas canvas(surface);
+    GradientFillRect(canvas, { 0, 0, 2, 2 }, clNone, clNone, fdTopToBottom, 32);
+    EXPECT_FALSE(canvas.lockedForOthers());
+    GradientFillRect(canvas, { 0, 0, 2, 2 }, clRed, clBlue, fdTopToBottom, 32);
+    EXPECT_FALSE(canvas.lockedForOthers());
+    EXPECT_EQ(canvas.whileDrawing, QList<bool>({ true }));
     EXPECT_EQ(text(surface.image), "RR\nBB\n");
 }
 
@@ -349,6 +388,42 @@ TEST(TDesktopCanvas, TakesThePainterWhenSomethingIsDrawnAndGivesItBackAsItWas)
     }
     surface.canvas.SetPixel(0, 0, clBlue);
     EXPECT_EQ(text(surface.image), "BmRm\n");
+}
+
+TEST(SystemMetrics, AreThoseOfWhateverStyleIsAsked)
+{
+    class Odd : public QProxyStyle {
+    public:
+        Odd()
+            : QProxyStyle(QStringLiteral("Fusion"))
+        {
+        }
+        int pixelMetric(PixelMetric metric, const QStyleOption*, const QWidget*) const override
+        {
+            switch (metric) {
+            case PM_IndicatorWidth:
+                return 37;
+            case PM_IndicatorHeight:
+                return 41;
+            case PM_MenuBarPanelWidth:
+                return FFrame;
+            default:
+                return 1;
+            }
+        }
+        QSize sizeFromContents(ContentsType type, const QStyleOption*, const QSize&, const QWidget*) const override
+        {
+            return type == CT_MenuBarItem ? QSize(5, 43) : QSize(1, 1);
+        }
+        int FFrame = 0;
+    };
+    Odd style;
+    EXPECT_EQ(GetSystemMetrics(15, style, QFont()), 43);
+    EXPECT_EQ(GetSystemMetrics(71, style, QFont()), 37);
+    EXPECT_EQ(GetSystemMetrics(72, style, QFont()), 41);
+    EXPECT_TRUE(SystemParametersInfo(4130, style));
+    style.FFrame = 2;
+    EXPECT_FALSE(SystemParametersInfo(4130, style));
 }
 
 TEST(SystemMetrics, AreAskedOfTheStyleByTheirNumbers)

@@ -124,6 +124,19 @@ TEST(MenuItemMeasure, FollowsWhateverChangesInTheMenu)
     EXPECT_EQ(stage.measure(item).width(), stage.width(QStringLiteral("Cut")));
 }
 
+TEST(MenuItemMeasure, TextsAreMeasuredOnceAsLongAsNoneIsSaidToHaveChanged)
+{
+    Stage stage;
+    auto* item = stage.add(QStringLiteral("Cut"));
+    auto* other = stage.add(QStringLiteral("Go"));
+    stage.measure(item);
+    other->blockSignals(true);
+    other->SetCaption(QStringLiteral("A much longer one"));
+    other->blockSignals(false);
+    EXPECT_EQ(stage.measure(item).width(), stage.width(QStringLiteral("Cut")));
+    EXPECT_EQ(stage.measure(other).width(), stage.width(QStringLiteral("Cut")));
+}
+
 TEST(MenuItemMeasure, AllColumnsAddUp)
 {
     Stage stage;
@@ -399,6 +412,24 @@ TEST(MenuItemPaint, TheBandRunsOverTheHeightOfAllItemsAndBelongsToNone)
     // Items further down draw their part of the same band.
     stage.paintInto(last, { 0, 100, 90, line }, { 90, 100 + line });
     EXPECT_TRUE(stage.painter.take().contains(band.arg(100 - line - separator).arg(100 + line)));
+}
+
+TEST(MenuItemPaint, TheBandOfAnOpenMenuIsAsHighAsTheMenuThoughLinesAreLeftOut)
+{
+    Stage stage;
+    stage.painter.SetLeftMargin(20);
+    QList<TRect> bands;
+    stage.painter.SetOnDrawLeftMargin([&bands](QObject*, const TRect& rect) { bands << rect; });
+    // The first line, the second of two and the last do not show.
+    for (const char* caption : { "-", "Cut", "-", "-", "Go", "-", "-" })
+        stage.add(QString::fromLatin1(caption));
+    stage.menu.Popup(10, 10);
+    const auto first = stage.menu.actionGeometry(stage.menu.Items().Items(1));
+    const auto last = stage.menu.actionGeometry(stage.menu.Items().Items(4));
+    bands.clear();
+    stage.menu.grab();
+    stage.menu.close();
+    EXPECT_EQ(bands, QList<TRect>(3, TRect(first.left(), first.top(), first.left() + 20, last.bottom() + 1)));
 }
 
 TEST(MenuItemPaint, MeasuringTheBandLeavesTheStateOfTheItem)

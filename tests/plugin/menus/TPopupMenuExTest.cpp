@@ -387,6 +387,29 @@ TEST(PopupMenuEx, CopiesATreeOfItems)
     EXPECT_EQ(clicks, 1);
 }
 
+TEST(PopupMenuEx, AssignedToItselfItKeepsItsItems)
+{
+    TPopupMenuEx menu;
+    auto* item = new TMenuItem;
+    item->SetCaption(QStringLiteral("Cut"));
+    menu.Items().Add(item);
+    menu.Assign(menu);
+    EXPECT_EQ(captions(menu.Items()), QStringList(u"Cut"_qs));
+}
+
+TEST(PopupMenuEx, AnEventMayChangeTheStyleWhileAnItemIsPainted)
+{
+    MenuStage stage(msOffice);
+    auto* item = stage.add(QStringLiteral("Cut"));
+    stage.menu.OnGetItemParams = [&](QObject*, TMenuItem*, TMenuOwnerDrawState, TFont&, TColor&, const TGraphic*&,
+                                     int&) { stage.menu.SetStyle(msXP); };
+    stage.paint(item, { 50, 20 }, mdSelected);
+    EXPECT_EQ(painterOf(stage.menu), "TXPMenuItemPainter");
+    MenuStage xp(msXP);
+    EXPECT_EQ(
+        stage.paint(item, { 50, 20 }, mdSelected), xp.paint(xp.add(QStringLiteral("Cut")), { 50, 20 }, mdSelected));
+}
+
 TEST(PopupMenuEx, AssignTakesOverAllOfAnotherMenu)
 {
     TImageList images;

@@ -4,6 +4,8 @@
 #include "menus/SystemMetrics.h"
 #include "visual/TMainMenu.h"
 
+#include <QProxyStyle>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -41,6 +43,24 @@ public:
 
     TImageList images;
     Logging<TXPMenuItemPainter> painter;
+};
+
+// Menu bars with a frame this wide; those without one are flat.
+class FramedBars : public QProxyStyle {
+public:
+    explicit FramedBars(int width)
+        : QProxyStyle(QStringLiteral("Fusion"))
+        , FWidth(width)
+    {
+    }
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
+    {
+        return metric == PM_MenuBarPanelWidth ? FWidth : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+
+private:
+    int FWidth;
 };
 
 QPoint place(const QImage& image, const QColor& color)
@@ -110,6 +130,19 @@ TEST(XPMenuItemPainter, ThePicturesStandOnAColumnOfTheirOwnColour)
     // The column of 6 + 10 + 4 leaves out its last pixel.
     EXPECT_EQ(row(image, 19), QStringLiteral("%1*19 %2*21").arg(ImageBackground.name(), Window.name()));
     EXPECT_EQ(column(image, 0), QStringLiteral("%1*20").arg(ImageBackground.name()));
+}
+
+TEST(XPMenuItemPainter, FromRightToLeftTheColumnReachesTheBorderOfThePopup)
+{
+    Stage stage;
+    stage.menu.setLayoutDirection(Qt::RightToLeft);
+    stage.menu.SetImageSize({ 10, 10 });
+    auto* item = stage.add(QString());
+    EXPECT_EQ(row(stage.paint(item, { 40, 20 }), 5),
+        QStringLiteral("%2*20 %1*20").arg(ImageBackground.name(), Window.name()));
+    // With check marks it is their column that stands at the border.
+    stage.menu.SetShowCheckMarks(true);
+    EXPECT_EQ(stage.paint(item, { 60, 20 }).pixelColor(59, 5), ImageBackground);
 }
 
 TEST(XPMenuItemPainter, TheCheckMarksStandOnTheSameColour)
@@ -203,7 +236,7 @@ TEST(XPMenuItemPainter, TheLineOfASeparatorBeginsBehindTheColumns)
     EXPECT_EQ(column(image, 40), QStringLiteral("%2*1 %1*1 %2*1").arg(Separator.name(), Window.name()));
     stage.menu.setLayoutDirection(Qt::RightToLeft);
     EXPECT_EQ(row(stage.paint(line, { 60, 3 }), 1),
-        QStringLiteral("%3*35 %2*5 %1*19 %2*1").arg(ImageBackground.name(), Window.name(), Separator.name()));
+        QStringLiteral("%3*35 %2*5 %1*20").arg(ImageBackground.name(), Window.name(), Separator.name()));
 }
 
 TEST(XPMenuItemPainter, APictureStandsThreePixelsToTheLeftOrFromRightToLeftToTheRight)
@@ -266,6 +299,25 @@ TEST(XPMenuItemPainter, ASelectedBitmapIsRaisedToo)
     EXPECT_EQ(place(stage.paint(item, { 40, 19 }, mdSelected | mdDisabled), Shadow), QPoint(-1, -1));
 }
 
+TEST(XPMenuItemPainter, TheShadowLeavesOutTheColourOfTheLowerLeftPixel)
+{
+    Stage stage;
+    auto* item = stage.add(QString());
+    TBitmap bitmap(2, 2);
+    bitmap.Image().fill(Qt::red);
+    bitmap.SetPixel(0, 1, clBlue);
+    bitmap.SetTransparentColor(clRed);
+    item->SetBitmap(bitmap);
+    stage.menu.SetImageSize({ 2, 2 });
+    // At rest at (5, 9): the shadow of all but the lower left pixel at (6, 10), that pixel raised to (4, 9).
+    const auto selected = stage.paint(item, { 40, 20 }, mdSelected);
+    EXPECT_EQ(
+        row(selected.copy(5, 10, 5, 1), 0), QStringLiteral("%1*1 %2*2 %1*2").arg(SelectionBrush.name(), Shadow.name()));
+    EXPECT_EQ(
+        row(selected.copy(5, 11, 5, 1), 0), QStringLiteral("%1*2 %2*1 %1*2").arg(SelectionBrush.name(), Shadow.name()));
+    EXPECT_EQ(place(selected, Qt::blue), QPoint(4, 9));
+}
+
 TEST(XPMenuItemPainter, TextAndCheckStandInSmallerRectangles)
 {
     Stage stage;
@@ -277,11 +329,12 @@ TEST(XPMenuItemPainter, TextAndCheckStandInSmallerRectangles)
     // From two to the left and one higher at the bottom; shrunk by one and framed by one.
     EXPECT_TRUE(stage.painter.take().contains(
         QStringLiteral("DrawCheckImage(0,0,%1,20)\nDrawGlyphCheck(0,2,%2,17)").arg(mark).arg(mark - 4)));
+    // The text as the standard style has it, in a rectangle lower by one.
     const auto text = MenuStage::palette().color(QPalette::WindowText);
-    Stage plain;
-    auto* other = plain.add(QStringLiteral("x"));
-    const auto twoLower = place(plain.paint(other, { 60, 22 }), text).y();
-    EXPECT_EQ(twoLower - place(plain.paint(other, { 60, 20 }), text).y(), 1);
+    MenuStage standard;
+    for (const int height : { 20, 21 })
+        EXPECT_EQ(place(stage.paint(stage.add(QStringLiteral("x")), { 60, height }), text).y(),
+            place(standard.paint(standard.add(QStringLiteral("x")), { 60, height - 1 }), text).y());
 }
 
 TEST(XPMenuItemPainter, OnABarTheGroundIsThatOfTheMenusAndOfThePointedAtItemThatOfTheSelection)
@@ -289,9 +342,12 @@ TEST(XPMenuItemPainter, OnABarTheGroundIsThatOfTheMenusAndOfThePointedAtItemThat
     Stage stage;
     TMainMenu bar;
     auto* item = stage.add(QString(), scNone, &bar.Items());
-    const auto& palette = MenuStage::palette();
-    const auto ground = stage.menu.UseFlatMenubars() ? QPalette::Window : QPalette::Button;
-    EXPECT_EQ(row(stage.paint(item, { 30, 20 }), 10), palette.color(ground).name() + QStringLiteral("*30"));
+    for (const auto& [frame, ground] : { std::pair(0, QPalette::Window), { 1, QPalette::Button } }) {
+        QApplication::setStyle(new FramedBars(frame));
+        EXPECT_EQ(
+            row(stage.paint(item, { 30, 20 }), 10), MenuStage::palette().color(ground).name() + QStringLiteral("*30"));
+    }
+    QApplication::setStyle(QStringLiteral("Fusion"));
     EXPECT_EQ(row(stage.paint(item, { 30, 20 }, mdHotlight), 10),
         QStringLiteral("%1*1 %2*28 %1*1").arg(SelectionPen.name(), SelectionBrush.name()));
     EXPECT_EQ(row(stage.paint(item, { 30, 20 }, mdSelected), 10), QStringLiteral("#808080*1 #c0c0c0*28 #808080*1"));
