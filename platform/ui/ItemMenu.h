@@ -9,5 +9,7 @@ public:
     using QMenu::QMenu;
 
 protected:
+    // In a popup menu that goes by the left button alone, another one chooses nothing.
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
 };

@@ -28,6 +28,7 @@ public:
 
     TPopupAlignment Alignment() const { return FAlignment; }
     void SetAlignment(TPopupAlignment alignment) { FAlignment = alignment; }
+    // The buttons that choose an entry: with tbRightButton the left one as well, with tbLeftButton that one alone.
     TTrackButton TrackButton() const { return FTrackButton; }
     void SetTrackButton(TTrackButton button) { FTrackButton = button; }
 

@@ -69,6 +69,34 @@ TEST(TPopupMenu, OpensWhereItIsToldAfterItsHandlerHasRun)
     menu.close();
 }
 
+TEST(TPopupMenu, GoesByTheLeftButtonAloneOrByTheRightOneToo)
+{
+    TPopupMenu menu;
+    auto* top = item(QStringLiteral("top"), &menu.Items());
+    auto* below = item(QStringLiteral("below"), item(QStringLiteral("more"), &menu.Items()));
+    QStringList chosen;
+    for (auto* entry : { top, below })
+        entry->OnClick = [&chosen, entry](QObject*) { chosen << entry->Caption(); };
+    const auto clickedBy = [&](Qt::MouseButton button) {
+        chosen.clear();
+        menu.Popup(10, 10);
+        QTest::mouseClick(&menu, button, {}, menu.actionGeometry(top).center());
+        menu.close();
+        auto* submenu = below->Parent()->menu();
+        submenu->popup({ 10, 10 });
+        QTest::mouseClick(submenu, button, {}, submenu->actionGeometry(below).center());
+        submenu->close();
+        return chosen;
+    };
+    const QStringList both { u"top"_qs, u"below"_qs };
+    EXPECT_EQ(menu.TrackButton(), tbRightButton);
+    EXPECT_EQ(clickedBy(Qt::LeftButton), both);
+    EXPECT_EQ(clickedBy(Qt::RightButton), both);
+    menu.SetTrackButton(tbLeftButton);
+    EXPECT_EQ(clickedBy(Qt::LeftButton), both);
+    EXPECT_EQ(clickedBy(Qt::RightButton), QStringList());
+}
+
 TEST(TPopupMenu, AnEmptyOneIsNotOpened)
 {
     TPopupMenu menu;

@@ -199,6 +199,21 @@ TEST(TCanvas, AScaledPainterIsNoLongerMappedOneToOne)
     EXPECT_EQ(surface.canvas.MapMode(), MM_ANISOTROPIC);
 }
 
+TEST(TCanvas, TheFormatsOfTextsHaveTheNumbersOfASystem)
+{
+    EXPECT_EQ(DT_CALCRECT | DT_SINGLELINE | DT_EXPANDTABS, 1120U);
+    EXPECT_EQ(DT_RIGHT, 2U);
+    EXPECT_EQ(DT_RTLREADING, 0x20000U);
+}
+
+TEST(TCanvas, ATabIsWiderThanABlankOnlyWhereTabsAreExpanded)
+{
+    const TCanvas canvas;
+    const auto text = QStringLiteral("a\tb");
+    EXPECT_GT(
+        canvas.CalcText(text, DT_SINGLELINE | DT_EXPANDTABS).width(), canvas.CalcText(text, DT_SINGLELINE).width());
+}
+
 TEST(TCanvas, AHotKeyMarkHasNoWidthUnlessItIsNoMark)
 {
     const TCanvas canvas;

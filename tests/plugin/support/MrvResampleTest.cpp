@@ -236,6 +236,12 @@ TEST(Contributors, AWeightOfOneHalfIsRoundedToEven)
     EXPECT_EQ(list[3].Contributors[0].Weight, 2);
 }
 
+TEST(Contributors, TheScaleIsA32BitFloat)
+{
+    // With a scale of 53/59 in double precision the first of the two would be 172.
+    EXPECT_EQ(text(contributors(rfTriangle, 60, 54)[29]), "171*32 82*33");
+}
+
 TEST(Contributors, OneThatWeighsNothingIsLeftOut)
 {
     // At whole distances the Lanczos filter has its zeros.
