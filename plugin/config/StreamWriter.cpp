@@ -16,6 +16,7 @@ void StreamWriter::Write(QStringView text)
 
 void StreamWriter::Close()
 {
-    if (!FFile.commit())
+    // What is still buffered may not fit any more, and a commit does not tell of that.
+    if (!FFile.flush() || !FFile.commit())
         throw EStreamError(QStringLiteral("Cannot write file \"%1\". %2").arg(FFile.fileName(), FFile.errorString()));
 }

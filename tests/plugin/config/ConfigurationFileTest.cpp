@@ -379,6 +379,26 @@ TEST_F(ConfigurationFile, AnotherEncodingThatTheFileDeclaresIsRead)
     EXPECT_EQ(Value(service, u"A"_qs), u"æ"_qs);
 }
 
+TEST_F(ConfigurationFile, AFileThatAnEditorMarkedAsUnicodeIsRead)
+{
+    const auto content = Configuration("<A>\xC3\xA6</A>", "<DatasetSection B='TB'/>");
+    const auto marked = ServiceOver("\xEF\xBB\xBF" + content);
+    EXPECT_EQ(Value(marked, u"A"_qs), u"æ"_qs);
+    const auto wide = QString(QChar(0xFEFF)) + QString::fromUtf8(content);
+    const auto service = ServiceOver(QByteArray(reinterpret_cast<const char*>(wide.utf16()), wide.size() * 2));
+    EXPECT_EQ(Value(service, u"A"_qs), u"æ"_qs);
+    EXPECT_EQ(Text(DataSetList(service)), u"TB Details None"_qs);
+}
+
+TEST_F(ConfigurationFile, TheElementBehindAGroupsStartIsReadWhateverItsName)
+{
+    const auto service = ServiceOverVcl("<FieldSection><ftString><Other A='TA' DefaultClass='TA'/></ftString>"
+                                        "<ftADT><ftGuid B='TB'/></ftADT></FieldSection>");
+    EXPECT_EQ(Text(GroupList(service, u"ftString"_qs)), u"TA None"_qs);
+    EXPECT_EQ(Text(GroupList(service, u"ftADT"_qs)), u"TB None"_qs);
+    EXPECT_EQ(Text(GroupList(service, u"ftGuid"_qs)), QString());
+}
+
 TEST_F(ConfigurationFile, ACaptionThatIsNoXmlNameGivesAFileThatDoesNotLoad)
 {
     const auto service = ServiceOverVcl({});

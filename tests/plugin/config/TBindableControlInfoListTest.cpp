@@ -261,9 +261,8 @@ TEST(BindableControlInfoList, DeleteByIndexKeepsADetachedDefaultOfTheSameClass)
     EXPECT_EQ(DefaultText(list), u"TB detached"_qs);
 }
 
-TEST(BindableControlInfoList, DeleteByIndexStandsBeforeDeleteByClassName)
+TEST(BindableControlInfoList, ANumberDeletesByIndexAndATextByClassName)
 {
-    // A call by index resolves to the first of the two, one by name to the second.
     const auto list = List(u"TA TB TC"_qs);
     list->Delete(1);
     list->Delete(u"TA"_qs);

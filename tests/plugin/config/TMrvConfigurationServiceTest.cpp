@@ -5,6 +5,10 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <csignal>
+
+#include <sys/resource.h>
+
 namespace {
 
 using ConfigurationService = ConfigurationFixture;
@@ -44,6 +48,29 @@ QByteArray AllPersonalities()
     return "<Morvane><Preferences><GroupMode>1</GroupMode></Preferences><CustomizeSection>" + Section("prVCL", "Vcl")
         + Section("prCLR", "Clr") + Section("prCLX", "Clx") + "</CustomizeSection></Morvane>";
 }
+
+// While it lives, no file of this process grows beyond a few bytes: as on a disk that is full.
+class FullDisk {
+public:
+    FullDisk()
+        : FOldHandler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &FOldLimit);
+        const rlimit limit { 100, FOldLimit.rlim_max };
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &FOldLimit);
+        std::signal(SIGXFSZ, FOldHandler);
+    }
+
+private:
+    void (*FOldHandler)(int);
+    rlimit FOldLimit {};
+};
 
 QString DataSetText(const InterfacePtr<TMrvConfigurationService>& service, TPersonality which)
 {
@@ -276,6 +303,34 @@ TEST_F(ConfigurationService, ASaveThatFailsReachesTheCallerAndKeepsTheMarks)
     EXPECT_FALSE(Personality(service, prCLR)->Modified());
     EXPECT_TRUE(Personality(service, prCLX)->Modified());
     EXPECT_FALSE(Preferences(service)->Modified());
+}
+
+TEST_F(ConfigurationService, AFullDiskLeavesTheOldFileWholeAndNothingBesideIt)
+{
+    const auto service = ServiceOver(AllPersonalities());
+    Current(service)->AddDataSetInfo(u"X"_qs, u"TX"_qs);
+    QString message;
+    {
+        const FullDisk full;
+        message = MessageOf<EStreamError>([&] { service->Save(); });
+    }
+    EXPECT_TRUE(message.contains(FileName())) << qPrintable(message);
+    EXPECT_EQ(ReadFile(), AllPersonalities());
+    EXPECT_EQ(QDir(Folder.path()).entryList(QDir::Files), (QStringList { u"Morvane.cfg"_qs, u"registry.ini"_qs }));
+    EXPECT_TRUE(service->Modified());
+    service->Save();
+    EXPECT_EQ(ReadFile().count("X=\"TX\""), 1);
+}
+
+TEST_F(ConfigurationService, AFullDiskAtTheFirstStartLeavesNoHalfFile)
+{
+    {
+        const FullDisk full;
+        EXPECT_THROW(Service(), EStreamError);
+    }
+    EXPECT_EQ(QDir(Folder.path()).entryList(QDir::Files), QStringList(u"registry.ini"_qs));
+    EXPECT_EQ(Service()->FileName(), FileName());
+    EXPECT_EQ(ReadFile(), EmbeddedDefault());
 }
 
 TEST_F(ConfigurationService, ASaveLeavesNoFileBesideIt)
