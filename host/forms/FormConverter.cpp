@@ -143,7 +143,8 @@ FormTextStyle StyleFor(const QString& target, const FormEncoding& encoding)
 std::optional<FormError> Save(const QString& path, const QByteArray& bytes)
 {
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    // What is still buffered may not fit any more, and a commit does not tell of that.
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit())
         return std::nullopt;
     return FormError { path, 1, 1, 0,
         u"the file cannot be written (%1); see that its folder is there and may be written to"_s.arg(

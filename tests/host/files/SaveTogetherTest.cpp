@@ -1,40 +1,17 @@
 #include "files/SaveTogether.h"
 #include "host/projects/ProjectFolder.h"
 #include "host/units/UnitText.h"
+#include "support/FileSizeLimit.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr uid_t somebody = 65534;
-
-// For its lifetime, files cannot grow beyond a number of bytes, as on a disk that is full.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-        : FHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &FFormer);
-        rlimit limit = FFormer;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &FFormer);
-        std::signal(SIGXFSZ, FHandler);
-    }
-
-private:
-    void (*FHandler)(int);
-    rlimit FFormer {};
-};
 
 // For its lifetime the process has no more rights than an ordinary user.
 class OrdinaryUser {

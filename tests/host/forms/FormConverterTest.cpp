@@ -3,6 +3,7 @@
 #include "host/forms/FormFixture.h"
 #include "host/forms/FormPeer.h"
 #include "support/Corpus.h"
+#include "support/FileSizeLimit.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -317,6 +318,25 @@ TEST(FormConverter, LeavesTheTargetWholeWhereTheSourceCannotBeRead)
     ASSERT_TRUE(error);
     EXPECT_TRUE(error->ToString().startsWith(missing + u":1:1: the file cannot be opened"_s))
         << qPrintable(error->ToString());
+    EXPECT_EQ(ReadAll(target.fileName()), "old");
+}
+
+TEST(FormConverter, LeavesTheTargetWholeWhereTheDiskIsFull)
+{
+    const QTemporaryDir folder;
+    QFile target(folder.filePath(u"out.dfm"_s));
+    ASSERT_TRUE(target.open(QIODevice::WriteOnly));
+    target.write("old");
+    target.close();
+    std::optional<FormError> error;
+    {
+        const FileSizeLimit full(10);
+        error = FormConverter::ConvertFile(
+            QStringLiteral(MORVANE_SOURCE_DIR "/tests/data/forms/tabs.dfm"), target.fileName());
+    }
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Message,
+        u"the file cannot be written (File too large); see that its folder is there and may be written to"_s);
     EXPECT_EQ(ReadAll(target.fileName()), "old");
 }
 

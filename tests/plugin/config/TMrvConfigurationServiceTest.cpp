@@ -1,13 +1,10 @@
 #include "plugin/config/ConfigurationFixture.h"
 
 #include "rtl/TResourceStream.h"
+#include "support/FileSizeLimit.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-
-#include <csignal>
-
-#include <sys/resource.h>
 
 namespace {
 
@@ -48,29 +45,6 @@ QByteArray AllPersonalities()
     return "<Morvane><Preferences><GroupMode>1</GroupMode></Preferences><CustomizeSection>" + Section("prVCL", "Vcl")
         + Section("prCLR", "Clr") + Section("prCLX", "Clx") + "</CustomizeSection></Morvane>";
 }
-
-// While it lives, no file of this process grows beyond a few bytes: as on a disk that is full.
-class FullDisk {
-public:
-    FullDisk()
-        : FOldHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &FOldLimit);
-        const rlimit limit { 100, FOldLimit.rlim_max };
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &FOldLimit);
-        std::signal(SIGXFSZ, FOldHandler);
-    }
-
-private:
-    void (*FOldHandler)(int);
-    rlimit FOldLimit {};
-};
 
 QString DataSetText(const InterfacePtr<TMrvConfigurationService>& service, TPersonality which)
 {
@@ -311,7 +285,7 @@ TEST_F(ConfigurationService, AFullDiskLeavesTheOldFileWholeAndNothingBesideIt)
     Current(service)->AddDataSetInfo(u"X"_qs, u"TX"_qs);
     QString message;
     {
-        const FullDisk full;
+        const FileSizeLimit full(100);
         message = MessageOf<EStreamError>([&] { service->Save(); });
     }
     EXPECT_TRUE(message.contains(FileName())) << qPrintable(message);
@@ -325,7 +299,7 @@ TEST_F(ConfigurationService, AFullDiskLeavesTheOldFileWholeAndNothingBesideIt)
 TEST_F(ConfigurationService, AFullDiskAtTheFirstStartLeavesNoHalfFile)
 {
     {
-        const FullDisk full;
+        const FileSizeLimit full(100);
         EXPECT_THROW(Service(), EStreamError);
     }
     EXPECT_EQ(QDir(Folder.path()).entryList(QDir::Files), QStringList(u"registry.ini"_qs));
