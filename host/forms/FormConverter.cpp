@@ -140,11 +140,23 @@ FormTextStyle StyleFor(const QString& target, const FormEncoding& encoding)
     return style;
 }
 
+// A disk that fills up takes the first part and refuses the rest.
+bool WriteWhole(QIODevice& device, QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const auto written = device.write(bytes.data(), bytes.size());
+        if (written <= 0)
+            return false;
+        bytes = bytes.sliced(written);
+    }
+    return true;
+}
+
 std::optional<FormError> Save(const QString& path, const QByteArray& bytes)
 {
     QSaveFile file(path);
-    // What is still buffered may not fit any more, and a commit does not tell of that.
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit())
+    // Unbuffered: a commit tells nothing of what was buffered and did not fit.
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && WriteWhole(file, bytes) && file.commit())
         return std::nullopt;
     return FormError { path, 1, 1, 0,
         u"the file cannot be written (%1); see that its folder is there and may be written to"_s.arg(
