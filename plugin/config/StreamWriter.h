@@ -15,5 +15,8 @@ public:
     void Close();
 
 private:
+    [[noreturn]] void Fail() const;
+
     QSaveFile FFile;
+    QByteArray FText;
 };

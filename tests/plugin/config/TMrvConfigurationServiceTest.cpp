@@ -288,7 +288,7 @@ TEST_F(ConfigurationService, AFullDiskLeavesTheOldFileWholeAndNothingBesideIt)
         const FileSizeLimit full(100);
         message = MessageOf<EStreamError>([&] { service->Save(); });
     }
-    EXPECT_TRUE(message.contains(FileName())) << qPrintable(message);
+    EXPECT_EQ(message, u"Cannot write file \"%1\". File too large"_qs.arg(FileName()));
     EXPECT_EQ(ReadFile(), AllPersonalities());
     EXPECT_EQ(QDir(Folder.path()).entryList(QDir::Files), (QStringList { u"Morvane.cfg"_qs, u"registry.ini"_qs }));
     EXPECT_TRUE(service->Modified());
