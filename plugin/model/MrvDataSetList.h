@@ -177,6 +177,7 @@ private:
     void BuildFromProject(const InterfacePtr<IOTAProject>& project, TComponentList& list);
     void BuildFromOpenModules(const InterfacePtr<IOTAProject>& project, TComponentList& list);
     void EndMultiDelete();
+    void ForgetSelection();
     void GuardMultiDelete(const InterfacePtr<IDesigner>& designer);
     void TakeFieldDeletion(TObject* sender, TField* field);
     InterfacePtr<IMrvCustomComponentAttr> InsertDataSet(

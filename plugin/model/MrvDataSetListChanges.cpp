@@ -84,6 +84,7 @@ InterfacePtr<IMrvCustomComponentAttr> TDataSetList::InsertDataSet(
     attr->TakeSession(component);
     attr->SetComponentName(name);
     attr->FSelected = true;
+    FSelectionChache.Add(attr.get());
     attr->FIsInserted = true;
     FItem.Add(attr.get());
     FItem.Sort();
@@ -107,6 +108,7 @@ InterfacePtr<IMrvCustomComponentAttr> TDataSetList::InsertConnection(
     attr->SetComponent(component);
     attr->SetComponentName(name);
     attr->FSelected = true;
+    FSelectionChache.Add(attr.get());
     attr->FIsInserted = true;
     FConnectionItem.Add(attr.get());
     FEvents->OnComponentInsert(attr);
@@ -142,7 +144,7 @@ void TDataSetList::DoComponentDelete(TObject*, TComponent* component)
 {
     if (!IsEventEnabled(deComponentDelete))
         return;
-    FSelectionChache.Clear();
+    ForgetSelection();
     if (IsDataSetKind(component)) {
         FItem.ResyncIndex(0);
         if (auto* attr = GetDataSetAttrByObj(component))

@@ -125,13 +125,19 @@ void TDataSetList::OnItemModified(TObject*, const InterfacePtr<IDesigner>& desig
     }
 }
 
+// Who leaves the list of what is selected is selected no more: nobody else would clear the mark.
+void TDataSetList::ForgetSelection()
+{
+    for (const auto& attr : FSelectionChache.Held())
+        attr->FSelected = false;
+    FSelectionChache.Clear();
+}
+
 void TDataSetList::OnSelectionChanged(TObject*, const InterfacePtr<IDesignerSelections>& selections)
 {
     if (!IsEventEnabled(deSelectionChanged) || !FEvents || !selections)
         return;
-    for (const auto& attr : FSelectionChache.Held())
-        attr->FSelected = false;
-    FSelectionChache.Clear();
+    ForgetSelection();
     for (int i = 0; i < selections->GetCount(); ++i) {
         auto* component = dynamic_cast<TComponent*>(selections->Get(i));
         TCustomComponentAttr* attr = nullptr;

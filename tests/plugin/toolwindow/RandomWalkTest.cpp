@@ -18,6 +18,7 @@ protected:
     void SetUp() override
     {
         Random.seed(GetParam());
+        Probe.seed(GetParam());
         StartShown();
         Shop.DataModule(u"Base"_qs,
             u"object Store: TZAConnection\nend\nobject Stock: TZAQuery\nConnection = Store\n"
@@ -340,6 +341,87 @@ protected:
         ASSERT_FALSE(Tree().Items().Updating()) << step.toStdString();
         ASSERT_TRUE(List().IsEventEnabled(deSelectionChanged)) << step.toStdString();
     }
+    static TComponent* ComponentOf(const TTreeNode* node)
+    {
+        TPersistent* persistent = nullptr;
+        const auto type = TMrvTreeView::NodeType(node);
+        if (type == ndtDataSet || type == ndtField || type == ndtConnection)
+            TMrvTreeView::NodeAttr(node)->IntfGetPersistent(persistent);
+        return dynamic_cast<TComponent*>(persistent);
+    }
+    static QList<const TTreeNode*> NodesOfComponents(const QList<TPersistent*>& components)
+    {
+        QList<const TTreeNode*> nodes;
+        for (const auto* node = Tree().Items().GetFirstNode(); node; node = node->GetNext())
+            if (auto* component = ComponentOf(node); component && components.contains(component))
+                nodes << node;
+        return nodes;
+    }
+    // In tree order; what the tree lists as selected is what its nodes say.
+    static QList<const TTreeNode*> SelectedNodes()
+    {
+        QList<const TTreeNode*> nodes;
+        for (const auto* node = Tree().Items().GetFirstNode(); node; node = node->GetNext())
+            if (node->Selected())
+                nodes << node;
+        QList<const TTreeNode*> listed;
+        for (int i = 0; i < Tree().SelectionCount(); ++i)
+            listed << Tree().Selections(i);
+        EXPECT_EQ(listed.size(), nodes.size());
+        for (const auto* node : std::as_const(listed))
+            EXPECT_TRUE(nodes.contains(node));
+        return nodes;
+    }
+    static std::string Names(const QList<const TTreeNode*>& nodes)
+    {
+        QString text;
+        for (const auto* node : nodes)
+            text += node->Text() + u'\n';
+        return text.toStdString();
+    }
+    // What is selected on a form is selected in the tree, in every place, and nothing else is.
+    void CheckFromDesigner(const std::string& step)
+    {
+        auto& designer = Forms()[int(Probe() % unsigned(Forms().size()))]->TheDesigner();
+        QList<TPersistent*> chosen;
+        const auto list = CreateSelectionList();
+        for (auto* component : designer.Root()->Components())
+            if (Probe() % 3 == 0) {
+                chosen << component;
+                list->Add(component);
+            }
+        designer.SetSelections(list);
+        EXPECT_EQ(Names(SelectedNodes()), Names(NodesOfComponents(chosen))) << "selected on a form after " << step;
+    }
+    // What is chosen in the tree is selected on its form, and the choice in the tree stays.
+    void CheckFromTree(const std::string& step)
+    {
+        QList<TTreeNode*> nodes;
+        for (auto* node = Tree().Items().GetFirstNode(); node; node = node->GetNext())
+            if (ComponentOf(node))
+                nodes << node;
+        if (nodes.isEmpty())
+            return;
+        auto* node = nodes[int(Probe() % unsigned(nodes.size()))];
+        auto* component = ComponentOf(node);
+        Tree().Select(node);
+        Window().SelectComponent();
+        EXPECT_EQ(Names(SelectedNodes()), Names({ node })) << "chosen in the tree after " << step;
+        for (auto* form : Forms()) {
+            if (form->TheDesigner().Root() == component->Owner()) {
+                EXPECT_EQ(form->TheDesigner().Selection(), QList<TPersistent*> { component })
+                    << "chosen in the tree after " << step << ": " << node->Text().toStdString();
+            }
+        }
+    }
+    void CheckSelection(const QString& step)
+    {
+        if (!Window().isVisible() || Forms().isEmpty())
+            return;
+        SelectedNodes();
+        CheckFromDesigner(step.toStdString());
+        CheckFromTree(step.toStdString());
+    }
     static bool DrawsAnew(const QString& step)
     {
         for (const auto& way : { u"group"_qs, u"close"_qs, u"reload"_qs, u"show or hide"_qs })
@@ -359,6 +441,8 @@ protected:
     ScriptedProject Till { u"Till"_qs, ScriptedProject::Kind::CppBuilder };
     std::unique_ptr<TMrvToolWindow> Fresh;
     std::mt19937 Random;
+    // Of its own, so that what is looked at changes no step.
+    std::mt19937 Probe;
     int FNames = 0;
     // The last step, for the message.
     QString FWhat;
@@ -383,6 +467,7 @@ TEST_P(ARandomWalk, LeavesTheTreeAsIfDrawnAnew)
                               .arg(i)
                               .arg(steps.mid(std::max<qsizetype>(0, steps.size() - 5)).join(u", "));
         Check(last);
+        CheckSelection(last);
         // Another grouping is drawn from nothing, and so are a project, what was closed, and what a hidden window
         // shows, which follows nothing.
         if (Window().isVisible() && mode == Window().FGroupMode && project == TheHost->ActiveProject()
