@@ -133,7 +133,7 @@ void MrvExpert::Register()
         Log(QStringLiteral("procedure Register - Try DockFrmExpert.AddToolsMeniItem"));
         expert->AddToolsMenuItem();
         Log(QStringLiteral("procedure Register - success"));
-    } catch (const std::exception&) {
+    } catch (...) {
         Log(QStringLiteral("procedure Register - Failed"));
     }
 }

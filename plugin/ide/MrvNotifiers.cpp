@@ -60,7 +60,11 @@ void TMrvCustomNotifier::LeaveList()
 
 TNotifierList::~TNotifierList()
 {
-    Clear();
+    try {
+        Clear();
+    } catch (...) {
+        // Whoever wants to hear of a failure clears the list first.
+    }
 }
 
 int TNotifierList::Add(TMrvCustomNotifier* notifier)
@@ -91,17 +95,25 @@ int TNotifierList::IndexOfName(const QString& name) const
 
 void TNotifierList::Clear()
 {
+    std::exception_ptr failure;
     for (int i = 0; i < Count(); ++i) {
         auto* entry = FItems[i];
         const auto notifier = InterfaceCast<IOTANotifier>(entry);
         if (!notifier)
             continue;
         entry->EraseCallback();
-        notifier->Destroyed();
+        try {
+            notifier->Destroyed();
+        } catch (...) {
+            if (!failure)
+                failure = std::current_exception();
+        }
         entry->LeaveList();
     }
     FItems.clear();
     FByName.clear();
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 TFormNotifier::TFormNotifier(const InterfacePtr<IOTAFormEditor>& editor, TNotifierList* owner)

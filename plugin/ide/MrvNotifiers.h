@@ -76,7 +76,7 @@ public:
     // The first index whose listener bears that name, case told apart; gaps are skipped; -1 for none.
     int IndexOfName(const QString& name) const;
     // Unhooks every listener in order: its events are erased first, so that a model that goes away hears nothing of it;
-    // the module listeners keep theirs and tell of their end.
+    // the module listeners keep theirs and tell of their end. Raises what the IDE raised first, once all are unhooked.
     void Clear();
 
 private:

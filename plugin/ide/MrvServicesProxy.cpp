@@ -45,6 +45,17 @@ TMrvApiProxy::TMrvApiProxy()
 
 TMrvApiProxy::~TMrvApiProxy()
 {
+    try {
+        TearDown();
+    } catch (...) {
+        // Whoever wants to hear of a failure tears down first.
+    }
+}
+
+void TMrvApiProxy::TearDown()
+{
+    if (std::exchange(FTornDown, true))
+        return;
     Log(QStringLiteral("Try destroy TMrvApiProxy object"));
     UnloadAssembly();
     FEvents.Clear();
@@ -230,7 +241,9 @@ void MrvServicesProxy::Finalization()
 {
     try {
         Log(QStringLiteral("MrvServicesProxy.finalization: Try free MrvApiProxy object"));
-        MrvApiProxy.reset();
+        // Who calls back meanwhile finds nil.
+        if (const auto proxy = std::exchange(MrvApiProxy, nullptr))
+            proxy->TearDown();
         Log(QStringLiteral("MrvServicesProxy.finalization: success"));
     } catch (...) {
         Log(QStringLiteral("MrvServicesProxy.finalization: failed"));

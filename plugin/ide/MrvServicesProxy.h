@@ -13,6 +13,8 @@ public:
     // From here on the IDE can call in. Nothing happens to a project before the first active-project notification.
     TMrvApiProxy();
     ~TMrvApiProxy() override;
+    // What the destructor does where this was not called. Raises what the IDE raises; the proxy is of no more use then.
+    void TearDown();
 
     // Called by the tool window's constructor and destructor.
     void RegisterForm(TForm* form);
@@ -48,6 +50,8 @@ private:
     void CreateServices();
     void AttachList();
     void DropServices();
+
+    bool FTornDown = false;
 };
 
 // Made by the unit's initialization, freed by its finalization.

@@ -34,15 +34,28 @@ TSvcManager::TSvcManager(const InterfacePtr<IMrvEvents>& events, TDataSetList* d
 
 TSvcManager::~TSvcManager()
 {
-    FNotifierList.reset();
-    UnregisterDesignNotification(FDesignNotification);
-    FDesignNotification->FOnDesignerInitialized = nullptr;
-    FDesignNotification->FOnDesignerClosed = nullptr;
-    FDesignNotification->FOnSelectionChanged = nullptr;
-    FDesignNotification->FOnItemDeleted = nullptr;
-    FDesignNotification->FOnItemInserted = nullptr;
-    FDesignNotification->FOnItemsModified = nullptr;
-    FDesignNotification.Clear();
+    try {
+        TearDown();
+    } catch (...) {
+        // Whoever wants to hear of a failure tears down first.
+    }
+}
+
+void TSvcManager::TearDown()
+{
+    if (!FDesignNotification)
+        return;
+    const Finally detach([this] {
+        UnregisterDesignNotification(FDesignNotification);
+        FDesignNotification->FOnDesignerInitialized = nullptr;
+        FDesignNotification->FOnDesignerClosed = nullptr;
+        FDesignNotification->FOnSelectionChanged = nullptr;
+        FDesignNotification->FOnItemDeleted = nullptr;
+        FDesignNotification->FOnItemInserted = nullptr;
+        FDesignNotification->FOnItemsModified = nullptr;
+        FDesignNotification.Clear();
+    });
+    FNotifierList->Clear();
 }
 
 void TSvcManager::RegisterProjectNotifier()

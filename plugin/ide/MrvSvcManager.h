@@ -13,6 +13,9 @@ public:
     // `events` may be nil; RegisterEvents brings them later. The list is the owner.
     TSvcManager(const InterfacePtr<IMrvEvents>& events, TDataSetList* dataSetList);
     ~TSvcManager() override;
+    // Unhooks every listener, as the destructor does where it was not called. Raises what the IDE raises, once all are
+    // unhooked; the manager is of no more use then.
+    void TearDown();
 
     void RegisterEvents(const InterfacePtr<IMrvEvents>& events) { FEvents = events; }
     void RegisterProjectNotifier();

@@ -61,6 +61,8 @@ TDataSetList::~TDataSetList()
         FSelectionChache.Clear();
         FDefferedDescendantFieldCallBack.reset();
         Clear();
+        // A destructor raises nothing: what fails in taking leave of the IDE does so here.
+        FSvcManager->TearDown();
         FSvcManager.reset();
     } catch (const std::exception& exception) {
         TMrvUtils::LogFailure(QStringLiteral("TDataSetList.Destroy - failed"), exception);

@@ -1,3 +1,4 @@
+#include "ide/MrvEvents.h"
 #include "ide/MrvInteropServices.h"
 #include "ide/MrvSvcManager.h"
 #include "support/MrvConst.h"
@@ -13,6 +14,25 @@ protected:
         bool cancel = false;
         MrvApiProxy->OnFileNotification(nullptr, code, fileName, cancel);
     }
+};
+
+// Notes how many datasets the model holds when it is told that a project opened or closed.
+class CountingSink : public TEvents {
+public:
+    explicit CountingSink(QList<int>& counts)
+        : FCounts(counts)
+    {
+    }
+    void OnProjectOpened() override { Note(); }
+    void OnProjectClosed() override { Note(); }
+
+private:
+    void Note()
+    {
+        const auto list = MrvApiProxy ? MrvApiProxy->GetDataSetList() : nullptr;
+        FCounts << (list ? list->GetCount() : -1);
+    }
+    QList<int>& FCounts;
 };
 
 }
@@ -201,7 +221,8 @@ TEST_F(Attaching, AFailureBehindTheListLeavesTheServicesAndTheProjectNotOpened)
     EXPECT_TRUE(MrvApiProxy->FMrvInteropServices);
     EXPECT_FALSE(MrvApiProxy->GetIsProjectOpened());
     const auto failure = LogText::Of({ u"TMrvApiProxy.OnFileNotification - failed!"_qs,
-        u"File Notification: FileName: /x/Shop.dproj,\r\n\t\t\t\t NotifyCode: ofnActiveProjectChanged"_qs });
+        u"File Notification: FileName: /x/Shop.dproj,\r\n\t\t\t\t NotifyCode: ofnActiveProjectChanged"_qs,
+        u"Exception.Message is ''perhaps' is not a valid Boolean value'"_qs });
     EXPECT_NE(log.find(failure), std::string::npos) << log;
     SetPreference(u"ScanAllForms"_qs, u"False"_qs);
     Tell(ofnActiveProjectChanged, Shop.ProjectFile());
@@ -251,4 +272,124 @@ TEST_F(Attaching, InteropServicesAreEmptyBeforeTheyMakeTheirObjects)
     EXPECT_TRUE(list);
     EXPECT_FALSE(static_cast<TDataSetList*>(list.get())->FConfigurationService);
     EXPECT_TRUE(controls->IsLoaded());
+}
+
+TEST_F(Attaching, InteropServicesHandTheConfigurationToTheListAndTakeTheListAlong)
+{
+    StartLog();
+    StartPlugin();
+    auto services = New<TMrvInteropServices>();
+    services->RegisterConfigurationService(MrvConfigurationService);
+    InterfacePtr<IMrvConfigurationService> configuration;
+    services->GetConfigurationService(configuration);
+    EXPECT_EQ(configuration, MrvConfigurationService);
+    services->CreateObjects();
+    InterfacePtr<IMrvDataSetList> list;
+    services->GetDataSetList(list);
+    auto& made = *static_cast<TDataSetList*>(list.get());
+    EXPECT_EQ(made.FConfigurationService, MrvConfigurationService);
+    EXPECT_EQ(made.FSvcManager->FConfigurationService, MrvConfigurationService);
+    list.Clear();
+    TakeLog();
+    services.Clear();
+    EXPECT_EQ(
+        TakeLog(), LogText::Of({ u"Notifier TIdeNotifier.EraseCallBack"_qs, u"Notifier TIdeNotifier.Destroy"_qs }));
+}
+
+TEST_F(Attaching, ServesAPersonalityInAnotherCaseButDoesNotBuildItsList)
+{
+    StartShown();
+    Shop.Form(u"MainForm"_qs, u"object Books: TZAQuery\nend"_qs);
+    const auto file = Shop.Write();
+    auto bytes = ScriptedProject::Read(file);
+    bytes.replace("Delphi.Personality.12", "DELPHI.Personality");
+    ScriptedProject::WriteFile(file, bytes);
+    QList<int> counts;
+    MrvApiProxy->FEvents = New<CountingSink>(counts);
+    ASSERT_TRUE(TheHost->Open(file));
+    ASSERT_EQ(TheHost->ActiveProject()->GetPersonality(), u"DELPHI.Personality"_qs);
+    EXPECT_TRUE(MrvApiProxy->FMrvInteropServices);
+    EXPECT_TRUE(MrvApiProxy->GetIsProjectOpened());
+    EXPECT_EQ(counts.value(0), 0);
+    EXPECT_EQ(MrvConfigurationService->GetActivePersonality(), prVCL);
+    StopPlugin();
+}
+
+TEST_F(Attaching, LogsAConfigurationThatRefusesAnotherPersonality)
+{
+    class Refusing : public TMrvConfigurationService {
+        void SetAcitvePersonality(int) override { throw Exception(u"no"_qs); }
+    };
+    StartLog();
+    StartShown();
+    OpenShop();
+    MrvApiProxy->FProjectPersonality = u"CSharp.Personality"_qs;
+    const auto own = std::exchange(MrvConfigurationService, InterfacePtr<IMrvConfigurationService>(New<Refusing>()));
+    ScriptedProject other(u"Other"_qs);
+    other.Form(u"OtherForm"_qs);
+    const auto file = other.Write();
+    auto bytes = ScriptedProject::Read(file);
+    bytes.replace("Delphi.Personality.12", "CSharp.Personality");
+    ScriptedProject::WriteFile(file, bytes);
+    TheHost->CloseAll();
+    TakeLog();
+    ASSERT_TRUE(TheHost->Open(file));
+    EXPECT_EQ(TakeLog(),
+        LogText::Of({ u""_qs, u"***** Project opening: Other.dproj *****"_qs, u"Try unload assembly..."_qs,
+            u"Try create CLR instances of TMrvInteropServices"_qs, u"Failed to create Ole object: no"_qs }));
+    EXPECT_FALSE(MrvApiProxy->GetIsProjectOpened());
+    MrvConfigurationService = own;
+}
+
+TEST_F(Attaching, UnloadsTheListOfAPersonalityThatIsNotServedAlone)
+{
+    StartShown();
+    OpenShop();
+    MrvApiProxy->FProjectPersonality = u"cplusplusBUILDER.personality"_qs;
+    MrvApiProxy->UnloadAssembly();
+    EXPECT_EQ(List().GetItemCount(), 5);
+    MrvApiProxy->FProjectPersonality = u"CSharp.Personality"_qs;
+    MrvApiProxy->UnloadAssembly();
+    EXPECT_EQ(List().GetItemCount(), 0);
+    EXPECT_TRUE(List().FDormant);
+}
+
+TEST_F(Attaching, AServiceWithoutAListIsABrokenInvariant)
+{
+    StartPlugin();
+    MrvApiProxy->FMrvInteropServices = New<TMrvInteropServices>();
+    try {
+        MrvApiProxy->GetActiveProjectName();
+        FAIL();
+    } catch (const EAssertionFailed& failure) {
+        EXPECT_EQ(failure.Message(), u"Assertion failure"_qs);
+        EXPECT_EQ(failure.Unit(), u"MrvServicesProxy"_qs);
+    }
+}
+
+TEST_F(Attaching, TellsTheWindowOfAClosedProjectWhileTheServicesAreThere)
+{
+    StartShown();
+    OpenShop();
+    QList<int> counts;
+    const auto own = std::exchange(MrvApiProxy->FEvents, InterfacePtr<IMrvEvents>(New<CountingSink>(counts)));
+    Tell(ofnFileClosing, Shop.UnitOf(u"Data"_qs));
+    EXPECT_EQ(counts, QList<int>());
+    Tell(ofnFileClosing, Shop.ProjectFile());
+    EXPECT_EQ(counts, QList<int> { 5 });
+    EXPECT_FALSE(MrvApiProxy->FMrvInteropServices);
+    MrvApiProxy->FEvents = own;
+}
+
+TEST_F(Attaching, LogsTheLifeOfEachWrapper)
+{
+    StartLog();
+    StartShown();
+    Shop.Form(u"MainForm"_qs, u"object Clean: TZASQL\nend"_qs);
+    Open(Shop);
+    TakeLog();
+    List().CreateConnectionAttr(Component(u"MainForm.Clean"_qs));
+    EXPECT_EQ(TakeLog(), LogText::Of({ u"Try Create TConnectionAttr wrapper..."_qs, u"Wrapper created"_qs }));
+    List().FConnectionItem.Clear();
+    EXPECT_EQ(TakeLog(), LogText::Of({ u"Destroy TConnectionAttr wrapper"_qs }));
 }

@@ -1,9 +1,11 @@
 #include "ide/MrvExpert.h"
 #include "model/MrvInterfacesUnit.h"
 #include "package/MrvPackage.h"
+#include "rtl/ControlWord.h"
 #include "support/MrvConst.h"
 #include "support/PrintQt.h"
 #include "support/ToolWindowFixture.h"
+#include "visual/TImageList.h"
 
 #include <QDir>
 
@@ -190,6 +192,64 @@ TEST_F(StartingUp, RunsWithoutAMainMenu)
         LogText::Of(RegisterLines
             + QStringList {
                 u"TMrvExpert.AddToolsMenuItem - IDE MainMenu not found!"_qs, u"procedure Register - success"_qs }));
+}
+
+TEST_F(StartingUp, GivesItsItemAnImageOfTheMainMenus)
+{
+    TImageList images;
+    Menu.SetImages(&images);
+    const int before = images.Count();
+    StartPlugin();
+    EXPECT_EQ(images.Count(), before + 1);
+    EXPECT_EQ(ToolsMenu->Items(0)->ImageIndex(), before);
+}
+
+TEST_F(StartingUp, MasksEveryFloatingPointExceptionUntilItEnds)
+{
+    const unsigned own = Get8087CW();
+    const unsigned unmasked = 4927 & ~1u;
+    Set8087CW(unmasked);
+    MrvPackage::Initialize();
+    EXPECT_EQ(Get8087CW(), 4927u);
+    MrvPackage::Finalize();
+    EXPECT_EQ(Get8087CW(), unmasked);
+    Set8087CW(own);
+}
+
+namespace {
+
+class AboutBox : public Facade<IOTAAboutBoxServices> {
+public:
+    int AddProductInfo(const QString& companyName, const QString& legalLine, const QString& title,
+        const QString& description, const QImage& aboutImage, const QImage& splashImage, bool unregistered,
+        const QString& licenseStatus, const QString& skuName, bool other, bool another) override
+    {
+        Texts << companyName << legalLine << title << description << licenseStatus << skuName;
+        Images << aboutImage << splashImage;
+        Flags << unregistered << other << another;
+        return 0;
+    }
+    QStringList Texts;
+    QList<QImage> Images;
+    QList<bool> Flags;
+};
+
+}
+
+TEST_F(StartingUp, TellsTheAboutBoxOfTheProductInTheAgreedOrder)
+{
+    MrvPackage::Initialize();
+    AboutBox aboutBox;
+    const auto own = std::exchange(BorlandIDEServices, InterfacePtr<IInterface>(&aboutBox));
+    MrvExpert::Register();
+    BorlandIDEServices = own;
+    MrvPackage::Finalize();
+    EXPECT_EQ(aboutBox.Texts,
+        QStringList({ u"Bravik"_qs, sProductLegal, u"Bravik Morvane"_qs, sProductDesc, QString(), QString() }));
+    ASSERT_EQ(aboutBox.Images.size(), 2);
+    EXPECT_FALSE(aboutBox.Images[0].isNull());
+    EXPECT_EQ(aboutBox.Images[0], aboutBox.Images[1]);
+    EXPECT_EQ(aboutBox.Flags, (QList<bool> { false, false, false }));
 }
 
 TEST_F(StartingUp, TellsTheProductAndTheWizard)

@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <numeric>
+
 namespace {
 
 QString Id(const TGUID& guid)
@@ -50,6 +53,164 @@ TEST(ModelInterfaces, BearTheirIdentifiers)
 {B45E38A3-44FC-4514-80A1-82C912510BD6}
 {F158180E-1723-41CB-8DA7-387E481B0679})"_qs);
 }
+
+#if defined(__x86_64__) && defined(__GNUC__)
+
+namespace {
+
+// The place of a virtual operation in the table of its interface.
+template <class Operation>
+int Slot(Operation operation)
+{
+    std::ptrdiff_t raw[2];
+    static_assert(sizeof raw == sizeof operation);
+    std::memcpy(raw, &operation, sizeof raw);
+    return int((raw[0] - 1) / std::ptrdiff_t(sizeof(void*)));
+}
+
+// Whether these are the operations of an interface in their order, right behind those of IInterface.
+template <class... Operation>
+testing::AssertionResult AreInOrder(Operation... operations)
+{
+    const QList<int> slots { Slot(operations)... };
+    QList<int> expected(slots.size());
+    std::iota(expected.begin(), expected.end(), Slot(&IInterface::Release) + 1);
+    return slots == expected ? testing::AssertionSuccess()
+                             : testing::AssertionFailure() << testing::PrintToString(slots);
+}
+
+}
+
+#define OF(OPERATION) &I::OPERATION
+
+TEST(ModelInterfaces, TheSinksOperationsStandInOrder)
+{
+    using I = IMrvEvents;
+    EXPECT_TRUE(AreInOrder(OF(OnProjectOpened), OF(OnProjectClosed), OF(OnComponentDelete), OF(OnComponentInsert),
+        OF(OnComponentRename), OF(OnRefreshDatasetList), OF(OnRefershChildObject), OF(OnRefreshFieldDefs),
+        OF(OnFieldIndexModified), OF(OnProjectRenamed), OF(RegisterForm), OF(UnRegisterForm), OF(OnSessionChanged),
+        OF(OnFormRenamed), OF(OnSessionRenamed), OF(OnSelectionChanged), OF(OnFormSelected), OF(SendRefreshMessage),
+        OF(ShowMainForm), OF(DisableEvents), OF(EnableEvents), OF(BeginUpdate), OF(EndUpdate), OF(BeginDelete),
+        OF(EndDelete)));
+}
+
+TEST(ModelInterfaces, TheWrappersOperationsStandInOrder)
+{
+    using I = IMrvCustomComponentAttr;
+    EXPECT_TRUE(AreInOrder(OF(IntfInheritsFrom), OF(IntfComponentClassName), OF(IntfComponentName), OF(IntfFormName),
+        OF(IntfUnitName), OF(IntfGetOwner), OF(IntfSelect), OF(IntfGetCtrlMenu), OF(IntfGetCtrlIndex),
+        OF(IntfGetCurrentCtrlClassName), OF(IntfSetCtrlIndex), OF(IntfSetCtrlCreationMode), OF(IntfGetCtrlCreationMode),
+        OF(IntfCreateControl), OF(IntfDotNetAcceptedDragAndDrop), OF(IntfDotNetCreateControl), OF(IntfGetControlType),
+        OF(IntfGetMenu), OF(IntfExecuteVerb), OF(IntfEdit), OF(IntfGetPersistent), OF(GetGuid), OF(GetSelected),
+        OF(IsDeleted), OF(IsInserted), OF(SetIsInserted)));
+}
+
+TEST(ModelInterfaces, TheOperationsOfDatasetsStandInOrder)
+{
+    using I = IMrvDataSetAttr;
+    EXPECT_TRUE(AreInOrder(OF(IntfGetSessionName), OF(IntfFieldByName), OF(IntfFieldDefsByName),
+        OF(IntfGetFieldByIndex), OF(IntfCreateFieldComponent), OF(AllowCreateField), OF(IntfDeleteFieldComponent),
+        OF(IntfUpdateFieldDefs), OF(IntfGetField), OF(IntfGetFieldCount), OF(IntfGetFieldDef), OF(IntfGetFieldDefCount),
+        OF(IntfPreviewData), OF(IntfUpdateFields), OF(IntfShowForm), OF(IntfSelectParent), OF(IntfSelectConnection),
+        OF(IntfExecuteConnectionVerb), OF(IntfGetConnectionMenu), OF(IntfAddAllFields), OF(IntfCreateNewField),
+        OF(IntfGetConnectionAttr), OF(IntfGetFormAttr), OF(GetFieldDefByFieldName), OF(ForceUpdateFieldDefs),
+        OF(SetConnection), OF(IsSessionChanged), OF(SetSessionChanged)));
+}
+
+TEST(ModelInterfaces, TheOperationsOfFieldsDefinitionsAndConnectionsStandInOrder)
+{
+    {
+        using I = IMrvCommonFieldAttr;
+        EXPECT_TRUE(AreInOrder(OF(GetFieldType), OF(HasChild), OF(HasParent), OF(GetChildCount), OF(GetChild),
+            OF(GetDataSet), OF(FieldNo)));
+    }
+    {
+        using I = IMrvFieldAttr;
+        EXPECT_TRUE(
+            AreInOrder(OF(IntfGetDisplayName), OF(IntfGetFieldIndex), OF(IntfGetFieldName), OF(IntfSetFieldIndex)));
+    }
+    {
+        using I = IMrvFieldDefAttr;
+        EXPECT_TRUE(AreInOrder(OF(GetDisplayName), OF(SetDisplayName), OF(GetFieldType), OF(GetPrecision), OF(GetSize),
+            OF(GetFieldNo), OF(IntfGetFormDesigner), OF(GetFieldDefsProxy), OF(EnableCreateControl)));
+    }
+    EXPECT_TRUE(AreInOrder(&IMrvConnectionAttr::GetSessionName));
+}
+
+TEST(ModelInterfaces, TheListsOperationsStandInOrder)
+{
+    using I = IMrvDataSetList;
+    EXPECT_TRUE(AreInOrder(OF(IntfGetItem), OF(GetCount), OF(RegisterEvents), OF(BuildDataSetList),
+        OF(SetActiveDesignerModified), OF(EnableEvents), OF(DisableEvents), OF(IntfRegisterProjectNotifier),
+        OF(IntfGetMasterDataSet), OF(SelectFieldDefs), OF(IntfDestroyObject), OF(IntfPreferencesWasChanged),
+        OF(IntfGetClassTypeByName), OF(IntfRegisterConfigurationService), OF(IntfCreateSelectionList),
+        OF(IntfSetSelections), OF(GetActiveProjectName), OF(IsModuleFromProject), OF(GoDormant), OF(Resurrect),
+        OF(CreateDefaultControl), OF(GetConnectionCount), OF(GetConnectionItem)));
+}
+
+TEST(ModelInterfaces, TheOperationsOfMenusSelectionsAndControlsStandInOrder)
+{
+    {
+        using I = IMrvSelectionList;
+        EXPECT_TRUE(AreInOrder(OF(GetItem), OF(Add), OF(Count), OF(Clear)));
+    }
+    {
+        using I = IMrvMenu;
+        EXPECT_TRUE(AreInOrder(OF(Clear), OF(AddItem), OF(AddSubItem), OF(InsertItem), OF(Count), OF(SubItemsCount),
+            OF(GetItem), OF(GetSubItem)));
+    }
+    {
+        using I = IMrvIDEControlItem;
+        EXPECT_TRUE(AreInOrder(OF(GetImage), OF(GetControlName), OF(GetPackageName)));
+    }
+    {
+        using I = IMrvIDEControlList;
+        EXPECT_TRUE(AreInOrder(OF(Load), OF(Clear), OF(GetImageByClassName), OF(GetFieldCtrl), OF(GetFieldCtrlCount),
+            OF(GetDataSetCtrl), OF(GetDataSetCtrlCount), OF(IsLoaded), OF(ImageHeight), OF(ImageWidth),
+            OF(IsVisualControl)));
+    }
+    {
+        using I = IMrvInteropServices;
+        EXPECT_TRUE(AreInOrder(OF(GetDataSetList), OF(GetIDECtrlList), OF(GetConfigurationService),
+            OF(RegisterConfigurationService), OF(CreateObjects)));
+    }
+}
+
+TEST(ModelInterfaces, TheOperationsOfTheConfigurationStandInOrder)
+{
+    {
+        using I = IMrvBindableControlInfo;
+        EXPECT_TRUE(AreInOrder(OF(GetClassName), OF(GetCaption), OF(SetClassName), OF(SetCaption), OF(Assign)));
+    }
+    {
+        using I = IMrvBindableControlInfoList;
+        EXPECT_TRUE(AreInOrder(OF(GetItem), OF(GetDefaultItem), OF(SetDefaultItem), OF(Assign),
+            static_cast<int (I::*)(const InterfacePtr<IMrvBindableControlInfo>&)>(OF(IndexOf)),
+            static_cast<int (I::*)(const QString&)>(OF(IndexOf)), OF(GetCount), OF(Add),
+            static_cast<void (I::*)(int)>(OF(Delete)), static_cast<void (I::*)(const QString&)>(OF(Delete)), OF(Clear),
+            OF(ItemByClassName)));
+    }
+    {
+        using I = IMrvPreferences;
+        EXPECT_TRUE(AreInOrder(OF(GetValueByName), OF(SetValueByName), OF(Modified), OF(Load), OF(LoadDefault),
+            OF(InternalSave), OF(Clear)));
+    }
+    {
+        using I = IMrvPersonalityUISettings;
+        EXPECT_TRUE(AreInOrder(OF(GetDefaultBindClassName), OF(EnumBindClassList), OF(GetDataSetCtrlCount),
+            OF(GetFieldCtrlCount), OF(FieldGroupCount), OF(GetFieldGroup), OF(GetDataSetBindCtrlInfoList),
+            OF(GetFieldBindCtrlInfoList), OF(DeleteDataSetInfo), OF(DeleteFieldInfo), OF(AddDataSetInfo),
+            OF(AddFieldInfo), OF(SetDefaultDataSetInfo), OF(SetDefaultFieldInfo), OF(Modified), OF(Load),
+            OF(LoadDefault), OF(GetFieldGroupIndex), OF(InternalSave), OF(Clear)));
+    }
+    {
+        using I = IMrvConfigurationService;
+        EXPECT_TRUE(AreInOrder(OF(GetPreferences), OF(GetCurrentPersonality), OF(Load), OF(LoadDefault), OF(Save),
+            OF(Modified), OF(SetAcitvePersonality), OF(GetActivePersonality)));
+    }
+}
+
+#endif
 
 TEST(ModelInterfaces, ACastFromOneToAnotherYieldsTheSameObject)
 {

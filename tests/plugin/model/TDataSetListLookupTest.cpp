@@ -4,6 +4,7 @@
 #include "data/TDataSource.h"
 #include "data/TextFields.h"
 #include "data/ZADataSets.h"
+#include "model/MrvComponentList.h"
 
 namespace {
 
@@ -170,4 +171,91 @@ TEST_F(LookingUp, KeepsASelectedWrapperAliveUntilTheListIsCleared)
     EXPECT_EQ(list->Count(), 1);
     list->Clear();
     EXPECT_EQ(list->Count(), 0);
+}
+
+TEST_F(LookingUp, GivesItsEntriesByPosition)
+{
+    OpenShop();
+    InterfacePtr<IMrvDataSetAttr> item;
+    for (int i = 0; i < List->GetCount(); ++i) {
+        List->IntfGetItem(i, item);
+        EXPECT_EQ(item, InterfacePtr<IMrvDataSetAttr>(List->GetItem(i)));
+    }
+    InterfacePtr<IMrvConnectionAttr> connection;
+    List->GetConnectionItem(0, connection);
+    EXPECT_EQ(connection, InterfacePtr<IMrvConnectionAttr>(ConnectionOf(u"Data.Shop"_qs)));
+    EXPECT_EQ(List->GetConnectionCount(), 1);
+}
+
+TEST_F(LookingUp, FindsTheLastDatasetThatShowsADefinition)
+{
+    Shop.DataModule(u"Data"_qs,
+        u"object First: TZAScratchTable\nFieldDefs = <\nitem\nName = 'Id'\nDataType = ftInteger\nend\n>\nend\n"
+        "object Second: TZAScratchTable\nFieldDefs = <\nitem\nName = 'Id'\nDataType = ftInteger\nend\n>\nend"_qs);
+    Open(Shop);
+    Attach();
+    auto* def = dynamic_cast<TDataSet*>(Component(u"Data.First"_qs))->FieldDefs().Items(0);
+    EXPECT_EQ(List->GetDataSetAttrByFieldDefObj(def), DataSet(u"Data.First"_qs));
+    for (int i = 0; i < List->GetItemCount(); ++i)
+        List->GetItem(i)->GetFieldDefs(0)->FPersistent = def;
+    EXPECT_EQ(List->GetDataSetAttrByFieldDefObj(def), List->GetItem(1));
+    EXPECT_EQ(List->GetDataSetAttrByFieldDefObj(nullptr), nullptr);
+}
+
+TEST_F(LookingUp, TellsTheDesignerInFrontThatItsFormChanged)
+{
+    OpenShop();
+    DesignerOf(u"Data"_qs).Activate();
+    HostRecorder recorder(*TheHost);
+    EXPECT_EQ(List->SetActiveDesignerModified(), 0);
+    EXPECT_EQ(recorder.Take(), "modified Data\n");
+}
+
+TEST_F(LookingUp, AddsWhatWasGatheredTwiceAsItCameAndToAnExistingListWithoutASearch)
+{
+    OpenShop();
+    TMrvObjectList target;
+    TComponentList gathered(List->FSvcManager.get(), List.get());
+    for (int i = 0; i < 2; ++i)
+        gathered.FItem.Add(DataSet(u"Data.Books"_qs));
+    gathered.AddOrReplace(target);
+    EXPECT_EQ(target.Count(), 2);
+    gathered.AddOrReplace(target);
+    EXPECT_EQ(target.Count(), 2);
+    gathered.AddToExisting(target);
+    EXPECT_EQ(target.Count(), 4);
+}
+
+TEST_F(LookingUp, NeedsAWrapperClassToMakeWrappersOf)
+{
+    OpenShop();
+    TComponentList gathered(List->FSvcManager.get(), List.get());
+    try {
+        gathered.StrProc(Component(u"Data.Books"_qs));
+        FAIL();
+    } catch (const EAssertionFailed& failure) {
+        EXPECT_EQ(failure.Message(), u"Assertion failure"_qs);
+    }
+}
+
+TEST_F(LookingUp, GivesEveryWrapperTheNewDefaultWhenThePreferencesChange)
+{
+    Shop.DataModule(u"Data"_qs,
+        u"object Books: TZAScratchTable\nFieldDefs = <\nitem\nName = 'Id'\nDataType = ftInteger\nend\n>\n"
+        "object BooksTitle: TStringField\nFieldName = 'Title'\nend\nend"_qs);
+    Open(Shop);
+    Attach();
+    auto* books = DataSet(u"Data.Books"_qs);
+    const QList<TCustomComponentAttr*> all { books, books->GetField(0), books->GetFieldDefs(0) };
+    const auto chosen = [&all] {
+        QStringList names;
+        for (auto* attr : all)
+            names << attr->FCtrlClassName;
+        return names;
+    };
+    for (auto* attr : all)
+        attr->IntfSetCtrlIndex(NoneCtrlIndex);
+    EXPECT_EQ(chosen(), QStringList({ u"None"_qs, u"None"_qs, u"None"_qs }));
+    List->IntfPreferencesWasChanged();
+    EXPECT_EQ(chosen(), QStringList({ u"TDBGrid"_qs, u"TDBEdit"_qs, u"TDBEdit"_qs }));
 }
