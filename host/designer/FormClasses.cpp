@@ -1,7 +1,7 @@
 #include "designer/FormClasses.h"
 
 #include "classes/Controls.h"
-#include "rtl/TypInfo.h"
+#include "classes/TypInfo.h"
 
 namespace FormClasses {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rtl/TClass.h"
+#include "classes/TClass.h"
 
 #include <QString>
 

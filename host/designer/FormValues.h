@@ -1,7 +1,7 @@
 #pragma once
 
+#include "classes/TypInfo.h"
 #include "forms/FormValue.h"
-#include "rtl/TypInfo.h"
 
 #include <QVariant>
 

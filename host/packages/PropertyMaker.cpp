@@ -1,9 +1,9 @@
 #include "packages/PropertyMaker.h"
 
 #include "classes/Controls.h"
+#include "classes/TClassBuilder.h"
 #include "packages/SubObjects.h"
 #include "rtl/SysUtils.h"
-#include "rtl/TClassBuilder.h"
 
 namespace {
 

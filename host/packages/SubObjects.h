@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rtl/TypInfo.h"
+#include "classes/TypInfo.h"
 
 // A property whose object belongs to the instance: a Font, Lines, Columns. The object is made when it is first asked
 // for, of the class of that name in that group; one of a class that is not registered (any more) is a bare TPersistent.

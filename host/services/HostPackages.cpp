@@ -1,7 +1,7 @@
 #include "classes/Controls.h"
+#include "classes/TClassBuilder.h"
 #include "designer/DataKinds.h"
 #include "designer/Designer.h"
-#include "rtl/TClassBuilder.h"
 #include "services/ComponentEditors.h"
 #include "services/Host.h"
 #include "services/PackageLibrary.h"

@@ -1,7 +1,7 @@
 #include "classes/Controls.h"
 
 #include "classes/Forms.h"
-#include "rtl/TClassBuilder.h"
+#include "classes/TClassBuilder.h"
 
 TClass TControl::Class()
 {

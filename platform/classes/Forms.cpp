@@ -1,6 +1,6 @@
 #include "classes/Forms.h"
 
-#include "rtl/TClassBuilder.h"
+#include "classes/TClassBuilder.h"
 
 TClass TScrollingWinControl::Class()
 {

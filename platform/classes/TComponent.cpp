@@ -1,6 +1,6 @@
 #include "classes/TComponent.h"
 
-#include "rtl/TClassBuilder.h"
+#include "classes/TClassBuilder.h"
 
 TClass TComponent::Class()
 {

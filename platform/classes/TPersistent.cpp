@@ -1,7 +1,7 @@
 #include "classes/TPersistent.h"
 
+#include "classes/TClassBuilder.h"
 #include "classes/TComponent.h"
-#include "rtl/TClassBuilder.h"
 
 #include <map>
 

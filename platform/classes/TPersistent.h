@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rtl/TypInfo.h"
+#include "classes/TypInfo.h"
 
 #include <memory>
 

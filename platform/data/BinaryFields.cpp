@@ -1,8 +1,8 @@
 #include "data/BinaryFields.h"
 
+#include "classes/TClassBuilder.h"
 #include "data/PropertyTypes.h"
 #include "data/TFieldDef.h"
-#include "rtl/TClassBuilder.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rtl/TypInfo.h"
+#include "classes/TypInfo.h"
 
 // Which published property of a class plays which part. The families TCustomZAConnection, TCustomZADataSet,
 // TCustomZASQL and TZAScript work by these tables, so that a catalogue's class with names of its own behaves like ours:

@@ -1,7 +1,7 @@
 #include "data/ObjectFields.h"
 
+#include "classes/TClassBuilder.h"
 #include "data/PropertyTypes.h"
-#include "rtl/TClassBuilder.h"
 
 TClass TObjectField::Class()
 {

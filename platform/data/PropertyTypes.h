@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rtl/TypInfo.h"
+#include "classes/TypInfo.h"
 
 // The property types that the tables of the data classes share.
 

@@ -1,9 +1,9 @@
 #include "data/TCustomZAConnection.h"
 
+#include "classes/TClassBuilder.h"
 #include "data/DataRoles.h"
 #include "data/PropertyTypes.h"
 #include "data/TCustomZADataSet.h"
-#include "rtl/TClassBuilder.h"
 
 TClass TCustomZAConnection::Class()
 {

@@ -1,12 +1,12 @@
 #include "data/TCustomZADataSet.h"
 
+#include "classes/TClassBuilder.h"
 #include "data/DataRoles.h"
 #include "data/StatementParts.h"
 #include "data/StatementText.h"
 #include "data/TCustomZAConnection.h"
 #include "data/TDataSource.h"
 #include "data/TField.h"
-#include "rtl/TClassBuilder.h"
 
 #include <QSet>
 

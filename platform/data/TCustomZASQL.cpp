@@ -1,9 +1,9 @@
 #include "data/TCustomZASQL.h"
 
+#include "classes/TClassBuilder.h"
 #include "data/PropertyTypes.h"
 #include "data/StatementParts.h"
 #include "data/TCustomZAConnection.h"
-#include "rtl/TClassBuilder.h"
 
 namespace {
 

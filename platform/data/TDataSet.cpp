@@ -1,9 +1,9 @@
 #include "data/TDataSet.h"
 
+#include "classes/TClassBuilder.h"
 #include "data/ObjectFields.h"
 #include "data/TDataSetDesigner.h"
 #include "data/TDataSource.h"
-#include "rtl/TClassBuilder.h"
 
 TClass TDataSet::Class()
 {

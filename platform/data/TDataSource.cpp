@@ -1,8 +1,8 @@
 #include "data/TDataSource.h"
 
+#include "classes/TClassBuilder.h"
 #include "data/PropertyTypes.h"
 #include "data/TDataLink.h"
-#include "rtl/TClassBuilder.h"
 
 TClass TDataSource::Class()
 {

@@ -1,9 +1,9 @@
 #include "data/TField.h"
 
+#include "classes/TClassBuilder.h"
 #include "data/ObjectFields.h"
 #include "data/PropertyTypes.h"
 #include "data/TDataSet.h"
-#include "rtl/TClassBuilder.h"
 
 TClass TField::Class()
 {

@@ -1,8 +1,8 @@
 #include "data/TFieldDef.h"
 
+#include "classes/TClassBuilder.h"
 #include "data/PropertyTypes.h"
 #include "data/TDataSet.h"
-#include "rtl/TClassBuilder.h"
 
 namespace {
 

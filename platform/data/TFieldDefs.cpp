@@ -1,6 +1,6 @@
+#include "classes/TClassBuilder.h"
 #include "data/TDataSet.h"
 #include "data/TFieldDef.h"
-#include "rtl/TClassBuilder.h"
 
 namespace {
 

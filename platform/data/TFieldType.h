@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rtl/TypInfo.h"
+#include "classes/TypInfo.h"
 
 // The data types of fields. Names and numbers are part of the boundary: configurations store them.
 enum TFieldType : int {

@@ -1,7 +1,7 @@
 #include "data/TParams.h"
 
+#include "classes/TClassBuilder.h"
 #include "data/PropertyTypes.h"
-#include "rtl/TClassBuilder.h"
 
 TClass TParam::Class()
 {

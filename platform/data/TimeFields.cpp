@@ -1,7 +1,7 @@
 #include "data/TimeFields.h"
 
+#include "classes/TClassBuilder.h"
 #include "data/PropertyTypes.h"
-#include "rtl/TClassBuilder.h"
 
 #include <QDateTime>
 

@@ -1,8 +1,8 @@
 #include "data/ZADataSets.h"
 
+#include "classes/TClassBuilder.h"
 #include "data/DataRoles.h"
 #include "data/PropertyTypes.h"
-#include "rtl/TClassBuilder.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "classes/TClass.h"
 #include "rtl/InterfacePtr.h"
-#include "rtl/TClass.h"
 
 #include <QString>
 

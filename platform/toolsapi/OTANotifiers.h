@@ -1,7 +1,7 @@
 #pragma once
 
+#include "classes/TypInfo.h"
 #include "rtl/TInterfacedObject.h"
-#include "rtl/TypInfo.h"
 
 #include <QFlags>
 #include <QString>

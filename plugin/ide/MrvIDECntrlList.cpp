@@ -1,9 +1,9 @@
 #include "ide/MrvIDECntrlList.h"
 
 #include "classes/Controls.h"
+#include "classes/TypInfo.h"
 #include "data/TCustomZASQL.h"
 #include "rtl/SysUtils.h"
-#include "rtl/TypInfo.h"
 #include "support/MrvConst.h"
 #include "support/MrvResample.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "classes/TClass.h"
 #include "model/MrvInterfaces.h"
 #include "rtl/Modules.h"
-#include "rtl/TClass.h"
 #include "rtl/TInterfacedObject.h"
 #include "toolsapi/OTAServices.h"
 #include "visual/TBitmap.h"

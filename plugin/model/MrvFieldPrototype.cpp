@@ -1,7 +1,7 @@
 #include "model/MrvFieldPrototype.h"
 
+#include "classes/TClassBuilder.h"
 #include "model/MrvFieldDefsAttr.h"
-#include "rtl/TClassBuilder.h"
 
 TClass TFieldPrototype::Class()
 {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "classes/TypInfo.h"
 #include "rtl/InterfacePtr.h"
-#include "rtl/TypInfo.h"
 #include "support/MrvNodeData.h"
 
 #include <QString>

@@ -1,7 +1,7 @@
 #include "FormAudit.h"
 
 #include "classes/TComponent.h"
-#include "rtl/TypInfo.h"
+#include "classes/TypInfo.h"
 
 #include <QRegularExpression>
 

@@ -1,6 +1,6 @@
 #include "PackagesFixture.h"
 
-#include "rtl/TypInfo.h"
+#include "classes/TypInfo.h"
 
 class CatalogueProblems : public PackagesFixture { };
 

@@ -1,7 +1,7 @@
 #include "PackagesFixture.h"
 
 #include "classes/Forms.h"
-#include "rtl/TypInfo.h"
+#include "classes/TypInfo.h"
 
 using APackageList = PackagesFixture;
 

@@ -1,8 +1,8 @@
 #include "PackagesFixture.h"
 
 #include "classes/StandardClasses.h"
+#include "classes/TypInfo.h"
 #include "data/DataClasses.h"
-#include "rtl/TypInfo.h"
 
 #include <QFile>
 

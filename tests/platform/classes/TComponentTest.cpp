@@ -1,6 +1,6 @@
 #include "classes/Forms.h"
+#include "classes/TClassBuilder.h"
 #include "rtl/SysUtils.h"
-#include "rtl/TClassBuilder.h"
 
 #include <gtest/gtest.h>
 

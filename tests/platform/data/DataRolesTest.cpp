@@ -1,12 +1,12 @@
 #include "data/DataRoles.h"
 
 #include "classes/Forms.h"
+#include "classes/TClassBuilder.h"
 #include "data/DataClasses.h"
 #include "data/PropertyTypes.h"
 #include "data/TCustomZAConnection.h"
 #include "data/TCustomZASQL.h"
 #include "data/ZADataSets.h"
-#include "rtl/TClassBuilder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 #include "data/TDataSetDesigner.h"
 
 #include "classes/Forms.h"
+#include "classes/TClassBuilder.h"
 #include "data/DataClasses.h"
 #include "data/NumericFields.h"
 #include "data/ObjectFields.h"
 #include "data/TextFields.h"
-#include "rtl/TClassBuilder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "ModelFixture.h"
 
 #include "classes/Controls.h"
-#include "rtl/TClassBuilder.h"
+#include "classes/TClassBuilder.h"
 #include "support/MrvConst.h"
 
 namespace {

@@ -1,3 +1,4 @@
+#include "classes/TClassBuilder.h"
 #include "data/DataClasses.h"
 #include "data/TCustomZAConnection.h"
 #include "data/TCustomZASQL.h"
@@ -6,7 +7,6 @@
 #include "design/DesignIntf.h"
 #include "model/MrvCustomComponentAttr.h"
 #include "rtl/SysUtils.h"
-#include "rtl/TClassBuilder.h"
 #include "support/MrvUtils.h"
 #include "toolsapi/OTAModules.h"
 

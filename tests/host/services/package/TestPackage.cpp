@@ -1,7 +1,7 @@
 // A design package that registers one of everything with the IDE and takes nothing back by itself.
 
+#include "classes/TClassBuilder.h"
 #include "design/DesignIntf.h"
-#include "rtl/TClassBuilder.h"
 #include "toolsapi/ToolsAPI.h"
 #include "visual/TMainMenu.h"
 

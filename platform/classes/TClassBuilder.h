@@ -1,7 +1,7 @@
 #pragma once
 
+#include "classes/TypInfo.h"
 #include "rtl/SysUtils.h"
-#include "rtl/TypInfo.h"
 
 #include <type_traits>
 

@@ -1,7 +1,7 @@
-#include "rtl/TypInfo.h"
+#include "classes/TypInfo.h"
 
+#include "classes/TClassBuilder.h"
 #include "classes/TComponent.h"
-#include "rtl/TClassBuilder.h"
 
 #include <algorithm>
 #include <memory>

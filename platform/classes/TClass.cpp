@@ -1,8 +1,8 @@
-#include "rtl/TClass.h"
+#include "classes/TClass.h"
 
 #include "classes/TPersistent.h"
+#include "classes/TypInfo.h"
 #include "rtl/SysUtils.h"
-#include "rtl/TypInfo.h"
 
 QString TClass::ClassName() const
 {

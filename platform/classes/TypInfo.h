@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rtl/TClass.h"
+#include "classes/TClass.h"
 
 #include <QHash>
 #include <QList>
@@ -39,8 +39,8 @@ struct TPropInfo {
     QVariant Default;
     // True for an object that belongs to the instance (a TStrings, a Font) and not a reference to another component.
     bool IsSubObject = false;
-    // Whether the instance's value belongs into its form file at all; empty where the default alone decides. A file that
-    // holds the property all the same is read.
+    // Whether the instance's value belongs into its form file at all; empty where the default alone decides. A file
+    // that holds the property all the same is read.
     std::function<bool(const TPersistent*)> IsStored = {};
 };
 
