@@ -61,8 +61,6 @@ public:
     void DeleteSelection();
     // Raises EComponentError for a name that cannot be.
     void RenameComponent(TComponent& component, const QString& newName);
-    // Puts a control on another parent.
-    void Reparent(TComponent& component, TComponent& parent);
     // A component that somebody else made for the form (a field made by a dataset) is complete and has its name. Called
     // by the hook; harmless for one that is known.
     void Adopt(TComponent& component, TComponent* fileParent = nullptr);

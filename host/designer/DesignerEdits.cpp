@@ -323,19 +323,6 @@ void Designer::RenameComponent(TComponent& component, const QString& newName)
     component.SetName(newName);
 }
 
-void Designer::Reparent(TComponent& component, TComponent& parent)
-{
-    if (component.GetParentComponent() == &parent)
-        return;
-    if (component.HasState(csAncestor))
-        throw EInvalidOperation(SCantDeleteAncestor());
-    CheckParent(parent);
-    UndoStack::Gesture gesture(FSite.Undo(), QStringLiteral("Move"));
-    component.SetParentComponent(&parent);
-    FForm->MoveNode(component, parent);
-    Modified();
-}
-
 TField* Designer::CreateField(
     TDataSet* dataSet, TClass fieldClass, const QString& name, const std::function<void(TField*)>& prepare)
 {

@@ -25,12 +25,6 @@ QHash<Key, TClass>& Declarations()
     return declarations;
 }
 
-QSet<const TClassInfo*>& Placeholders()
-{
-    static QSet<const TClassInfo*> placeholders;
-    return placeholders;
-}
-
 TClass BaseOf(Shape shape)
 {
     if (shape == Shape::Container)
@@ -61,14 +55,7 @@ TClass Declared(const QString& name, TClass parent, const QString& group)
 
 TClass Placeholder(const QString& name, const QString& group, Shape shape)
 {
-    const auto made = Declared(name, BaseOf(shape), group);
-    Placeholders().insert(made.Info());
-    return made;
-}
-
-bool IsPlaceholder(TClass aClass)
-{
-    return Placeholders().contains(aClass.Info());
+    return Declared(name, BaseOf(shape), group);
 }
 
 }

@@ -18,7 +18,5 @@ TClass Known(const QString& name, const QString& group);
 // as the parent's. The same name, parent and group give the same class again.
 TClass Declared(const QString& name, TClass parent, const QString& group);
 TClass Placeholder(const QString& name, const QString& group, Shape shape);
-// Whether the class stands for one that nobody knows.
-bool IsPlaceholder(TClass aClass);
 
 }

@@ -63,7 +63,6 @@ public:
     bool Open(const QString& fileName, const QString& activeProject = {});
     const QList<Project*>& Projects() const { return FProjects; }
     Project* ActiveProject() const { return FActive; }
-    QString GroupFile() const { return FGroupFile; }
     void SetActiveProject(Project& project);
     // Changes that were not saved are lost.
     void CloseProject(Project& project);
@@ -131,7 +130,6 @@ public:
 
     void Report(const Problem& problem);
     const Problems& Reported() const { return FReported; }
-    void ForgetReported() { FReported.clear(); }
 
     // What AddProductInfo was told.
     struct ProductInfo {

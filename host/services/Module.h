@@ -39,7 +39,6 @@ public:
     Designer& TheDesigner() { return *FDesigner; }
     const Designer& TheDesigner() const { return *FDesigner; }
     ModuleFormEditor& FormEditor() { return *FFormEditor; }
-    ModuleSourceEditor& SourceEditor() { return *FSourceEditor; }
 
     bool IsModified();
     // The files that differ from what is on disk.

@@ -100,11 +100,6 @@ void TComponent::RenameIn(TComponent* owner, const QString& oldName)
         owner->FByName.insert(FName.toLower(), this);
 }
 
-int TComponent::ComponentIndex() const
-{
-    return FOwner ? int(FOwner->FComponents.indexOf(const_cast<TComponent*>(this))) : -1;
-}
-
 TComponent* TComponent::FindComponent(const QString& name) const
 {
     return name.isEmpty() ? nullptr : FByName.value(name.toLower());

@@ -57,7 +57,6 @@ class TComponent : public TPersistent {
     // The components that this one owns, in order of insertion (the order of their position in the file for a form).
     const QList<TComponent*>& Components() const { return FComponents; }
     int ComponentCount() const { return int(FComponents.size()); }
-    int ComponentIndex() const;
     // The owned component of that name, without regard to case, or nil. An empty name finds nothing.
     TComponent* FindComponent(const QString& name) const;
 

@@ -32,16 +32,6 @@ TCustomZAConnection::~TCustomZAConnection()
         access->Forget(*this);
 }
 
-void TCustomZAConnection::SetConnected(bool connected)
-{
-    if (connected == Connected())
-        return;
-    if (connected)
-        Open();
-    else
-        Close();
-}
-
 void TCustomZAConnection::SetStoredConnected(bool connected)
 {
     SetStoredValue(QStringLiteral("Connected"), connected);

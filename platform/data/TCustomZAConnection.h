@@ -16,7 +16,6 @@ class TCustomZAConnection : public TComponent {
     ~TCustomZAConnection() override;
 
     bool Connected() const { return FOpen || (StoredConnected() && !FClosedForNow); }
-    void SetConnected(bool connected);
     // Raises EDatabaseError when the database cannot be reached, or when the user has not allowed it.
     void Open();
     // Closes its open datasets too.

@@ -44,9 +44,8 @@ class TFieldDef : public TCollectionItem {
     void SetAttributes(TFieldAttributes attributes);
     bool Required() const { return FAttributes.testFlag(faRequired); }
     void SetRequired(bool required);
-    // From 1: the column's number, by default its place in the list.
-    int FieldNo() const { return FFieldNo > 0 ? FFieldNo : Index() + 1; }
-    void SetFieldNo(int number) { FFieldNo = number; }
+    // From 1: the column's number, which is its place in the list.
+    int FieldNo() const { return Index() + 1; }
 
     // The class of the field that is made of it; nil for a type that no field is made of.
     TClass FieldClass() const { return DefaultFieldClass(FDataType); }
@@ -67,7 +66,6 @@ private:
     TFieldType FDataType = ftUnknown;
     int FSize = 0;
     int FPrecision = 0;
-    int FFieldNo = 0;
     TFieldAttributes FAttributes;
     std::unique_ptr<TFieldDefs> FChildDefs;
 };

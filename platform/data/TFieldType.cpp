@@ -60,8 +60,3 @@ TClass DefaultFieldClass(TFieldType type)
     static const auto classes = FieldClasses();
     return classes.value(type);
 }
-
-bool IsObjectFieldType(TFieldType type)
-{
-    return type == ftADT || type == ftArray || type == ftReference || type == ftDataSet;
-}

@@ -67,6 +67,3 @@ const TTypeInfo& FieldKindInfo();
 
 // The class of the field that a definition of that type makes; nil for a type that no field is made of.
 TClass DefaultFieldClass(TFieldType type);
-
-// ftADT, ftArray, ftReference, ftDataSet: definitions of these types may have child definitions.
-bool IsObjectFieldType(TFieldType type);

@@ -69,10 +69,3 @@ TParam* TParams::FindParam(const QString& name) const
             return Items(i);
     return nullptr;
 }
-
-TParam* TParams::ParamByName(const QString& name) const
-{
-    if (auto* found = FindParam(name))
-        return found;
-    throw EDatabaseError(QStringLiteral("Parameter '%1' not found").arg(name));
-}

@@ -30,6 +30,4 @@ class TParams : public TCollection {
     TParam* Items(int index) const;
     // Without regard to case, or nil.
     TParam* FindParam(const QString& name) const;
-    // The same; raises EDatabaseError instead of giving nil.
-    TParam* ParamByName(const QString& name) const;
 };

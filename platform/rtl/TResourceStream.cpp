@@ -9,11 +9,6 @@ QString ResourcePath(const QString& name, TResourceType type)
     return QStringLiteral(":/package/%1/%2").arg(int(type)).arg(name);
 }
 
-bool ResourceExists(const QString& name, TResourceType type)
-{
-    return QFile::exists(ResourcePath(name, type));
-}
-
 TResourceStream::TResourceStream(const QString& name, TResourceType type)
 {
     QFile file(ResourcePath(name, type));

@@ -11,14 +11,6 @@ public:
         : FValue(value ? 65535 : 0)
     {
     }
-    // From a number as a caller passes it across the border; the number stays as it is.
-    static constexpr WordBool FromNumber(std::uint16_t number)
-    {
-        WordBool result;
-        result.FValue = number;
-        return result;
-    }
-
     constexpr operator bool() const { return FValue != 0; }
     constexpr std::uint16_t Number() const { return FValue; }
 

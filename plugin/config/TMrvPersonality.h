@@ -81,7 +81,6 @@ private:
     TBindableControlInfoList& FieldList(int group);
     InterfacePtr<IMrvBindableControlInfoList> FindFieldList(IInterface* attr);
     QString PersonalityName() const;
-    TSections ReadPersonality(XmlTextReader& reader) const;
 
     TMrvConfigurationService* FConfigurationService;
     TPersonality FPersonality;

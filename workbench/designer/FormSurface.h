@@ -96,7 +96,6 @@ private:
     std::optional<Handle> HandleAt(QPoint point) const;
     void ShowCursor(QPoint point);
     void PressOn(TComponent& component, const QMouseEvent& event);
-    void StartMoving(const QMouseEvent& event);
     QPoint Snapped(QPoint by, Qt::KeyboardModifiers keys) const;
     QRect Resized(const QRect& rect, Qt::KeyboardModifiers keys) const;
     void FinishBand(Qt::KeyboardModifiers keys);
