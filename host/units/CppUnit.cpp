@@ -15,8 +15,7 @@ QString companion(const QString& fileName, const QStringList& extensions)
 {
     const QFileInfo info(fileName);
     for (const auto& extension : extensions) {
-        const auto found
-            = FindFileIgnoringCase(info.absolutePath() + u'/' + info.completeBaseName() + u'.' + extension);
+        auto found = FindFileIgnoringCase(info.absolutePath() + u'/' + info.completeBaseName() + u'.' + extension);
         if (!found.isEmpty())
             return found;
     }
@@ -133,17 +132,6 @@ Problems CppUnit::Check() const
         }
     }
     return problems;
-}
-
-bool CppUnit::IsSound(Failure& failure) const
-{
-    for (const auto& problem : Check()) {
-        if (problem.Severity == Problem::Error) {
-            failure = problem;
-            return false;
-        }
-    }
-    return true;
 }
 
 std::optional<CppClass> CppUnit::RequireClass(const QString& className, Failure& failure) const

@@ -59,7 +59,6 @@ private:
     const Part* ClassPart() const { return FHeader ? &*FHeader : FSource ? &*FSource : nullptr; }
     Part* ClassPart() { return FHeader ? &*FHeader : FSource ? &*FSource : nullptr; }
     std::optional<CppClass> RequireClass(const QString& className, Failure& failure) const;
-    bool IsSound(Failure& failure) const;
     QString Folder() const;
     QString IncludeLine(const UnitReference& unit) const;
     Failure Include(Part& part, const UnitReference& unit);

@@ -58,18 +58,6 @@ Problems PascalUnit::Check() const
     return problems;
 }
 
-// A comment that is not closed makes everything behind it a guess, so nothing is edited then.
-bool PascalUnit::IsSound(Failure& failure) const
-{
-    for (const auto& problem : Check()) {
-        if (problem.Severity == Problem::Error) {
-            failure = problem;
-            return false;
-        }
-    }
-    return true;
-}
-
 std::optional<PascalClass> PascalUnit::RequireClass(const QString& className, Failure& failure) const
 {
     if (!IsSound(failure))

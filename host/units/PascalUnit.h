@@ -39,7 +39,6 @@ private:
     const SourceToken& Token(int index) const { return FSyntax.Tokens()[index]; }
     Place Behind(int token, int depth) const;
     bool StartsLine(int token) const;
-    bool IsSound(Failure& failure) const;
     std::optional<PascalClass> RequireClass(const QString& className, Failure& failure) const;
     Failure Change(const QList<SourceEdit>& edits);
 
@@ -64,7 +63,6 @@ private:
     void RenameInDirectives(const QString& oldBase, const QString& newBase, QList<SourceEdit>& edits) const;
     void RenameQualifiers(
         const QString& oldName, const QString& newName, const QStringList& members, QList<SourceEdit>& edits) const;
-    QString OwnFormVariable() const;
     std::optional<int> ForeignUse(const FormRename& rename) const;
     void RenameInComments(const FormRename& rename, QList<SourceEdit>& edits) const;
 

@@ -11,6 +11,17 @@
 
 SourceUnit::~SourceUnit() = default;
 
+bool SourceUnit::IsSound(Failure& failure) const
+{
+    for (const auto& problem : Check()) {
+        if (problem.Severity == Problem::Error) {
+            failure = problem;
+            return false;
+        }
+    }
+    return true;
+}
+
 UnitReference UnitReference::FromName(const QString& name)
 {
     return { name, name.section(u'.', -1) };

@@ -112,6 +112,11 @@ public:
 
     // Takes back content that Files() gave.
     virtual void Restore(const QList<FileContent>& files) = 0;
+
+protected:
+    // Whether the unit may be edited, with the first error when not: a comment that is not closed makes everything
+    // behind it a guess.
+    bool IsSound(Failure& failure) const;
 };
 
 // Reads the unit in a file: .pas and .pp as Pascal, .lpr, .dpr and .dpk too; .cpp, .h and their kin as C++ with both
