@@ -23,7 +23,7 @@ public:
     enum class Encoding { Utf8, Utf8WithMark, Utf16LittleEndian, Utf16BigEndian, Ansi };
 
     // Files above this size are refused: no hand-written file is that large.
-    static constexpr qint64 LargestSize = 64 * 1024 * 1024;
+    static constexpr qint64 LargestSize = qint64(64) * 1024 * 1024;
 
     SourceFile() = default;
 

@@ -164,7 +164,7 @@ QString ProjectBuilder::FormFileOf(const Slot& slot)
         prefer(told);
     const QFileInfo unit(slot.Module.FileName);
     for (const auto& kind : kinds) {
-        const auto found = FFiles.Find(unit.path() + u'/' + unit.completeBaseName() + u'.' + kind);
+        auto found = FFiles.Find(unit.path() + u'/' + unit.completeBaseName() + u'.' + kind);
         if (!found.isEmpty() && QFileInfo(found).isFile())
             return found;
     }

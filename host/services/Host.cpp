@@ -185,7 +185,7 @@ bool Host::IsModified() const
 
 QList<UnitReference> Host::UnitsNeededBy(TClass aClass) const
 {
-    const auto known = FParts.Packages ? FParts.Packages->Info(aClass).Units : QList<UnitReference>();
+    auto known = FParts.Packages ? FParts.Packages->Info(aClass).Units : QList<UnitReference>();
     if (!known.isEmpty() || aClass.UnitName().isEmpty())
         return known;
     return { UnitReference::FromName(aClass.UnitName()) };
