@@ -15,12 +15,18 @@ class IMenuItem;
 
 using TMenuClick = std::function<void(QObject* sender)>;
 
-// A menu that a component editor fills. Sub-items are menus themselves. In the order of the interface.
+// A menu that a component editor fills; the IDE implements it, and so does a plug-in that shows verbs of its own. Its
+// items are menus themselves. The caller holds a reference to each item as long as it uses it.
+//
+// An item is made of its properties or follows an action, which must outlive it. `name` is that of the item as a
+// component; empty for none. `onClick` is called with the item as sender. What is added stands last; an index is a
+// position from 0, and one outside of the menu is taken as the nearest end. In the order of the interface.
 class IMenuItems : public IInterface {
 public:
     static constexpr TGUID IID = Guid("{C9CC6C38-C96A-4514-8D6F-1D121727BFAF}");
     // Whether the other is this very item.
     virtual bool SameAs(IInterface* item) = 0;
+    // The first item of that caption (hot keys aside) or name; nil without one.
     virtual InterfacePtr<IMenuItem> Find(const QString& caption) = 0;
     virtual InterfacePtr<IMenuItem> FindByName(const QString& name) = 0;
     virtual int Count() = 0;
@@ -31,6 +37,7 @@ public:
         bool enabled, TMenuClick onClick, int helpContext, const QString& name)
         = 0;
     virtual InterfacePtr<IMenuItem> AddItem(TAction* action, const QString& name) = 0;
+    // Without an index: first in the menus of the IDE, last in a menu that only collects.
     virtual InterfacePtr<IMenuItem> InsertItem(const QString& caption, const QKeySequence& shortCut, bool checked,
         bool enabled, TMenuClick onClick, int helpContext, const QString& name)
         = 0;
@@ -39,12 +46,13 @@ public:
         = 0;
     virtual InterfacePtr<IMenuItem> InsertItem(TAction* action, const QString& name) = 0;
     virtual InterfacePtr<IMenuItem> InsertItem(int index, TAction* action, const QString& name) = 0;
+    // A separating line.
     virtual InterfacePtr<IMenuItem> AddLine(const QString& name) = 0;
     virtual InterfacePtr<IMenuItem> InsertLine(const QString& name) = 0;
     virtual InterfacePtr<IMenuItem> InsertLine(int index, const QString& name) = 0;
 };
 
-// One item, with its sub-items.
+// One item, with its sub-items: the properties of a TMenuItem (`visual/TMenuItem.h`), with their meaning there.
 class IMenuItem : public IMenuItems {
 public:
     using Parent = IMenuItems;
@@ -70,7 +78,9 @@ public:
     virtual bool GetVisible() = 0;
     virtual void SetVisible(bool visible) = 0;
     virtual QString Name() = 0;
+    // Position in the parent; -1 without one.
     virtual int MenuIndex() = 0;
+    // Nil for the items of the menu itself.
     virtual InterfacePtr<IMenuItem> ParentItem() = 0;
     virtual bool IsLine() = 0;
 };
@@ -81,6 +91,7 @@ public:
     static constexpr TGUID IID = Guid("{ECACBA34-DCDF-4BE2-A645-E4404BC06106}");
     // The default action.
     virtual void Edit() = 0;
+    // Verbs are numbered from 0 in the order of the menu. One that does not exist does nothing and has no caption.
     virtual void ExecuteVerb(int index) = 0;
     virtual QString GetVerb(int index) = 0;
     virtual int GetVerbCount() = 0;

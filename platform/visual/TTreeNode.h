@@ -57,21 +57,26 @@ public:
     int Index() const;
     // Position in tree order, from 0.
     int AbsoluteIndex() const;
+    // 0 at the top.
     int Level() const;
 
     bool Expanded() const { return FExpanded; }
+    // A node without children does not expand. `recurse` takes all below it along.
     void SetExpanded(bool expanded);
     void Expand(bool recurse);
     void Collapse(bool recurse);
     bool Selected() const { return FSelected; }
     // Makes the node the one selected node, or takes it out of the selection.
     void SetSelected(bool selected);
+    // False, and in vain, without a view. Taking the focus away means giving it to another node.
     bool Focused() const;
     void SetFocused(bool focused);
     // Where the view draws the node, in its client pixels: the caption alone, or the whole row. Empty when it is not on
     // the screen.
     QRect DisplayRect(bool textOnly) const;
 
+    // With all below it; in vain below itself. With naAdd and naAddFirst nil stands for any top-level node, with the
+    // others a destination is needed.
     void MoveTo(TTreeNode* destination, TNodeAttachMode mode);
     void DeleteChildren();
     // Frees the node with what is below it.

@@ -13,11 +13,14 @@ class TImageList;
 // rectangles.
 class ITreeNodesView {
 public:
+    // The program expanded or collapsed it.
     virtual void NodeExpanded(TTreeNode* node, bool expanded) = 0;
     virtual void SelectOnly(TTreeNode* node) = 0;
     virtual void Deselect(TTreeNode* node) = 0;
+    // Nil when no node has the focus.
     virtual TTreeNode* FocusedNode() const = 0;
     virtual void FocusNode(TTreeNode* node) = 0;
+    // In client pixels; empty when it is not on the screen.
     virtual QRect NodeRect(const TTreeNode* node, bool textOnly) const = 0;
     // Brackets: nothing is drawn in between.
     virtual void UpdatesHeld(bool held) = 0;
@@ -43,10 +46,11 @@ public:
     int Count() const { return FCount; }
     // In tree order; nil outside. Costs a walk; loops use GetFirstNode and GetNext.
     TTreeNode* Item(int absoluteIndex) const;
+    // The first and the last in tree order; nil in an empty tree.
     TTreeNode* GetFirstNode() const { return FRoot->GetFirstChild(); }
     TTreeNode* GetLastNode() const;
 
-    // A new child, last or first; of the hidden root for nil.
+    // A new child, last or first; of the hidden root for nil. `data` is not owned.
     TTreeNode* AddChild(TTreeNode* parent, const QString& text) { return AddChildObject(parent, text, nullptr); }
     TTreeNode* AddChildObject(TTreeNode* parent, const QString& text, TObject* data);
     TTreeNode* AddChildObjectFirst(TTreeNode* parent, const QString& text, TObject* data);
@@ -65,11 +69,13 @@ public:
     // The same for the children of one node, which the next sort of all then passes over.
     void SortChildren(TTreeNode* node, const Compare& compare);
 
+    // Neither the view nor the images are owned: the view takes itself out before it goes (nil), images may go.
     void SetView(ITreeNodesView* view) { FView = view; }
     ITreeNodesView* View() const { return FView; }
     void SetImages(TImageList* images);
     TImageList* Images() const;
 
+    // Nil for an invalid index, which in turn stands for nil and the hidden root.
     TTreeNode* NodeOf(const QModelIndex& index) const;
     QModelIndex IndexOf(const TTreeNode* node) const;
 
