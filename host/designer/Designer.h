@@ -126,6 +126,7 @@ private:
     void TakeOverValue(
         TPersistent& target, const TPropInfo& info, const TPersistent& original, const TComponent& originalRoot);
     void TakeOver(TPersistent& original, const QString& componentName, const QString& property);
+    void TakeOverFieldOrder(TComponent& field);
     void RenameRoot(const QString& oldName);
     void NoteRootClass();
     void RenameInOtherForms(const QString& oldName, const QString& newName);
@@ -144,6 +145,13 @@ private:
     void AdjustNodes(const QList<FormNode*>& nodes);
     void MakeNode(FormNode& node, QList<WeakRef<TComponent>>& made, QList<WeakRef<TComponent>>& changed);
     void ReadUnsaid(TComponent& component, const QString& path);
+    void ForgetUnsaid(const QList<FormNode*>& nodes);
+
+    // The order of fields.
+    void WriteFieldOrder(TComponent& field);
+    QList<TComponent*> InheritedFields(const TComponent& parent) const;
+    QList<TComponent*> FieldsAsInFile(const TComponent& parent) const;
+    QList<TComponent*> OrderAsInFile(TComponent& parent);
     void OrderFields(const QList<FormNode*>& nodes, QList<WeakRef<TComponent>>& changed);
     void MakeWhatIsNew(const QList<FormNode*>& nodes, QList<WeakRef<TComponent>>& changed);
     void ReadTouched(const QList<FormTouch>& touches, QList<WeakRef<TComponent>>& changed);

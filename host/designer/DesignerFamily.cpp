@@ -1,3 +1,4 @@
+#include "designer/DataKinds.h"
 #include "designer/Designer.h"
 #include "designer/FormProperties.h"
 #include "rtl/SysUtils.h"
@@ -114,7 +115,10 @@ void Designer::DeleteInDescendants(const QString& name)
         // What the form itself put on the component goes along.
         QList<TComponent*> doomed;
         descendant->CollectForDeletion(*inherited, doomed);
+        const WeakRef<TComponent> fields(DataKinds::IsField(*inherited) ? inherited->GetParentComponent() : nullptr);
         descendant->DeleteInOrder(doomed);
+        if (fields)
+            descendant->OrderAsInFile(*fields.get());
     }
 }
 
@@ -204,6 +208,8 @@ void Designer::TakeOver(TPersistent& original, const QString& componentName, con
     const auto* info = GetPropInfo(&original, property);
     if (!target || !source || (component == Root()) != (source->Owner() == nullptr))
         return;
+    if (DataKinds::IsField(*component) && SameText(property, u"Index"))
+        return TakeOverFieldOrder(*component);
     const auto* node = FForm->NodeOf(component);
     const auto path = PathOf(original, property);
     if (node && (node->Property(path) || node->Property(path + QLatin1String(".Strings"))))
@@ -223,4 +229,12 @@ void Designer::TakeOver(TPersistent& original, const QString& componentName, con
         }
     }
     PassOn(*target, property);
+}
+
+// The field's own place is the file's to say.
+void Designer::TakeOverFieldOrder(TComponent& field)
+{
+    auto* parent = field.GetParentComponent();
+    if (parent && !OrderAsInFile(*parent).isEmpty())
+        PassOn(field, QStringLiteral("Index"));
 }

@@ -15,19 +15,6 @@ TComponent* ComponentOf(TPersistent* part)
     return dynamic_cast<TComponent*>(walk);
 }
 
-QList<TComponent*> Siblings(const TComponent& component)
-{
-    QList<TComponent*> found;
-    const auto* parent = component.GetParentComponent();
-    for (auto* other : component.Owner() ? component.Owner()->Components() : QList<TComponent*>())
-        if (other->GetParentComponent() == parent && DataKinds::IsField(*other))
-            found << other;
-    std::stable_sort(found.begin(), found.end(), [](const TComponent* a, const TComponent* b) {
-        return GetPropValue(a, QStringLiteral("Index")).toInt() < GetPropValue(b, QStringLiteral("Index")).toInt();
-    });
-    return found;
-}
-
 }
 
 void Designer::PropertyChanged(TPersistent* instance, const QString& property)
@@ -41,7 +28,7 @@ void Designer::PropertyChanged(TPersistent* instance, const QString& property)
         return;
     UndoStack::Gesture gesture(FSite.Undo(), QStringLiteral("Change ") + property, component);
     if (DataKinds::IsField(*component) && SameText(property, u"Index"))
-        FForm->OrderNode(*component, Siblings(*component));
+        WriteFieldOrder(*component);
     else
         FForm->WriteProperty(*instance, property, Inherited(*instance));
     PassOn(*instance, property);

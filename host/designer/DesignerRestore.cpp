@@ -58,6 +58,7 @@ void Designer::Reconcile(const QList<FormTouch>& touches)
     MakeWhatIsNew(nodes, changed);
     OrderFields(nodes, changed);
     ReadTouched(touches, changed);
+    ForgetUnsaid(nodes);
     SelectChanged(changed);
     TellModified();
 }
@@ -107,27 +108,6 @@ void Designer::AdjustNodes(const QList<FormNode*>& nodes)
         auto* parent = node->Parent() ? FForm->ComponentOf(node->Parent()) : nullptr;
         if (parent && component->GetParentComponent() && component->GetParentComponent() != parent)
             component->SetParentComponent(parent);
-    }
-}
-
-// The fields of every dataset that was touched stand in the order of the file.
-void Designer::OrderFields(const QList<FormNode*>& nodes, QList<WeakRef<TComponent>>& changed)
-{
-    QSet<const FormNode*> parents;
-    for (const auto* node : nodes)
-        if (const auto* parent = FForm->IsInFile(*node) ? node->Parent() : nullptr)
-            parents.insert(parent);
-    for (const auto* parent : std::as_const(parents)) {
-        int index = 0;
-        for (const auto* node : parent->Children()) {
-            auto* field = FForm->ComponentOf(node);
-            if (!field || !DataKinds::IsField(*field) || field->HasState(csAncestor))
-                continue;
-            if (GetPropValue(field, QStringLiteral("Index")).toInt() != index)
-                changed << WeakRef<TComponent>(field);
-            SetPropValue(field, QStringLiteral("Index"), index++);
-            PassOn(*field, QStringLiteral("Index"));
-        }
     }
 }
 
@@ -216,4 +196,16 @@ void Designer::ReadTouched(const QList<FormTouch>& touches, QList<WeakRef<TCompo
             FForm->Unbind(*component.get());
             FForm->Know(*component.get());
         }
+}
+
+// What comes from an ancestor and has no node in the file any more.
+void Designer::ForgetUnsaid(const QList<FormNode*>& nodes)
+{
+    for (const auto* node : nodes) {
+        const auto* component = FForm->ComponentOf(node);
+        if (!component || !component->HasState(csAncestor) || FForm->IsInFile(*node))
+            continue;
+        FForm->Unbind(*component);
+        FForm->Know(*component);
+    }
 }

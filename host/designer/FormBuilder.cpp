@@ -1,6 +1,7 @@
 #include "designer/FormBuilder.h"
 
 #include "classes/Forms.h"
+#include "designer/DataKinds.h"
 #include "designer/FormClasses.h"
 #include "designer/FormProperties.h"
 #include "rtl/SysUtils.h"
@@ -101,14 +102,27 @@ void FormBuilder::ApplyAncestors(FormDocument& document, TComponent& root, Layer
         Apply(ancestor->Root(), root, root, layer);
 }
 
+namespace {
+
+// A field that stands elsewhere than behind those before it.
+void TakePlace(const FormNode& node, TComponent& component)
+{
+    if (const auto place = node.Index(); place && DataKinds::IsField(component))
+        SetPropValue(&component, QStringLiteral("Index"), *place);
+}
+
+}
+
 void FormBuilder::Apply(FormNode& node, TComponent& component, TComponent& owner, Layer layer)
 {
     if (layer == Layer::Own && FBind)
         FBind(node, component);
     ReadProperties(node, component, owner);
     for (auto* inner : node.Children())
-        if (auto* made = Child(*inner, component, owner, layer))
+        if (auto* made = Child(*inner, component, owner, layer)) {
             Apply(*inner, *made, made->HasState(csInline) ? *made : owner, layer);
+            TakePlace(*inner, *made);
+        }
 }
 
 void FormBuilder::ReadProperties(const FormNode& node, TComponent& component, TComponent& scope)

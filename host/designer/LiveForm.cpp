@@ -198,9 +198,11 @@ void LiveForm::MoveNode(TComponent& component, TComponent& parent)
     FDocument->Move(node, NeedNode(parent));
 }
 
-void LiveForm::OrderNode(TComponent& component, const QList<TComponent*>& siblings)
+void LiveForm::OrderNode(TComponent& component, const QList<TComponent*>& siblings, const QList<TComponent*>& inherited)
 {
     OnEdit();
+    if (!inherited.isEmpty())
+        return OrderAmongInherited(siblings, inherited);
     auto& node = NeedNode(component);
     const auto at = siblings.indexOf(&component);
     // The neighbour in the list tells the place among all that the parent holds.
@@ -211,6 +213,39 @@ void LiveForm::OrderNode(TComponent& component, const QList<TComponent*>& siblin
         FDocument->Reorder(node, before->Position() + (node.Position() < before->Position() ? 0 : 1));
     else if (behind && behind->Parent() == node.Parent())
         FDocument->Reorder(node, behind->Position() - (node.Position() < behind->Position() ? 1 : 0));
+}
+
+// What does not stand where the ancestor has it, or behind all that the ancestor has, has its place in the file: [n].
+// Nodes stand in the order of these places.
+void LiveForm::OrderAmongInherited(const QList<TComponent*>& siblings, const QList<TComponent*>& inherited)
+{
+    auto awaited = inherited;
+    for (int i = 0; i < siblings.size(); ++i) {
+        const bool inPlace = awaited.isEmpty() || awaited.first() == siblings[i];
+        awaited.removeOne(siblings[i]);
+        SetPlace(*siblings[i], inPlace ? std::nullopt : std::optional(i));
+    }
+    const FormNode* before = nullptr;
+    for (const auto* sibling : siblings) {
+        auto* node = NodeOf(sibling);
+        if (!node)
+            continue;
+        if (before && before->Parent() == node->Parent() && node->Position() < before->Position()) {
+            Touch(*node, {});
+            FDocument->Reorder(*node, before->Position());
+        }
+        before = node;
+    }
+}
+
+void LiveForm::SetPlace(TComponent& component, std::optional<int> place)
+{
+    const auto* there = NodeOf(&component);
+    if (place == (there ? there->Index() : std::nullopt))
+        return;
+    auto& node = NeedNode(component);
+    Touch(node, {});
+    FDocument->SetIndex(node, place);
 }
 
 void LiveForm::Write(FormNode& node, const QString& property, const FormValue& value)

@@ -58,7 +58,8 @@ public:
     void TakeClass(const FormNode& node);
     void MoveNode(TComponent& component, TComponent& parent);
     // Puts the node among those of its class family that its live list orders: the n-th of these siblings.
-    void OrderNode(TComponent& component, const QList<TComponent*>& siblings);
+    // `inherited` are those that come from an ancestor, in its order; empty in a form without one.
+    void OrderNode(TComponent& component, const QList<TComponent*>& siblings, const QList<TComponent*>& inherited);
     void Write(FormNode& node, const QString& property, const FormValue& value);
     void Remove(FormNode& node, const QString& property);
 
@@ -84,6 +85,8 @@ public:
 
 private:
     QList<TComponent*> WithInner(const QList<TComponent*>& made);
+    void OrderAmongInherited(const QList<TComponent*>& siblings, const QList<TComponent*>& inherited);
+    void SetPlace(TComponent& component, std::optional<int> place);
     FormNode& ParentNode(TComponent& component);
     void WriteCollection(TCollection& collection, FormNode& node, const QString& path);
     void WriteStrings(const TStrings& strings, FormNode& node, const QString& path);

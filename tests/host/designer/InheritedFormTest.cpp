@@ -1,6 +1,7 @@
 #include "classes/Controls.h"
 #include "data/TDataSet.h"
 #include "data/TField.h"
+#include "data/TextFields.h"
 #include "support/HostFixture.h"
 
 #include <gmock/gmock.h>
@@ -254,4 +255,97 @@ TEST_F(ReferencesOfInheritedForms, FollowTheAncestorToAComponentOfAnotherForm)
     TheHost->Undo().Undo();
     EXPECT_EQ(ConnectionOf(u"Heir.Stock"_qs), Component(u"Heir.Store"_qs));
     EXPECT_EQ(ConnectionOf(u"Twin.Stock"_qs), Component(u"Twin.Store"_qs));
+}
+
+namespace {
+
+class FieldsOfInheritedForms : public InheritedForms {
+protected:
+    void OpenForms(const QString& heirs = {})
+    {
+        Shop.Form(u"Base"_qs, u"object Stock: TZAQuery\n"_qs + Field(u"A"_qs) + Field(u"B"_qs) + u"end"_qs);
+        Shop.InheritedForm(
+            u"Heir"_qs, u"Base"_qs, u"inherited Stock: TZAQuery\n"_qs + heirs + Field(u"C"_qs) + u"end"_qs);
+        Open(Shop);
+    }
+    static QString Field(const QString& name, const QString& place = {})
+    {
+        return u"object %1: TStringField%2\nFieldName = '%1'\nend\n"_qs.arg(name, place);
+    }
+    void MoveTo(const QString& field, int index) { SetPropValue(Component(field), u"Index"_qs, index); }
+    std::string Order(const QString& form)
+    {
+        QStringList names;
+        for (const auto* field : dynamic_cast<TDataSet*>(Component(form + u".Stock"_qs))->Fields())
+            names << field->Name();
+        return names.join(u' ').toStdString();
+    }
+    void OpenAgain(const QString& form)
+    {
+        TheHost->SaveAll();
+        TheHost->Reload(FormOf(form));
+    }
+};
+
+}
+
+TEST_F(FieldsOfInheritedForms, StandWhereTheFilesSay)
+{
+    OpenForms(Field(u"First"_qs, u" [0]"_qs) + u"inherited B: TStringField [1]\nend\n"_qs);
+    EXPECT_EQ(Order(u"Heir"_qs), "First B A C");
+}
+
+TEST_F(FieldsOfInheritedForms, HaveTheirPlaceAmongTheAncestorsFieldsInTheFile)
+{
+    OpenForms();
+    const auto heir = FormText(u"Heir"_qs);
+    MoveTo(u"Heir.C"_qs, 1);
+    EXPECT_EQ(LineDifference(heir, FormText(u"Heir"_qs)), "-object C: TStringField\n+object C: TStringField [1]\n");
+    OpenAgain(u"Heir"_qs);
+    EXPECT_EQ(Order(u"Heir"_qs), "A C B");
+    MoveTo(u"Heir.C"_qs, 2);
+    EXPECT_EQ(FormText(u"Heir"_qs), heir);
+}
+
+TEST_F(FieldsOfInheritedForms, HaveTheirPlaceInTheFileWhereItIsNotTheAncestors)
+{
+    OpenForms();
+    const auto heir = FormText(u"Heir"_qs);
+    for (int i = 0; i < 2; ++i) {
+        MoveTo(u"Heir.B"_qs, 0);
+        EXPECT_THAT(LineDifference(heir, FormText(u"Heir"_qs)), testing::HasSubstr("+inherited B: TStringField [0]\n"));
+        EXPECT_EQ(Order(u"Heir"_qs), "B A C");
+        TheHost->Undo().Undo();
+        EXPECT_EQ(FormText(u"Heir"_qs), heir);
+        EXPECT_EQ(Order(u"Heir"_qs), "A B C");
+    }
+    TheHost->Undo().Redo();
+    EXPECT_EQ(Order(u"Heir"_qs), "B A C");
+    OpenAgain(u"Heir"_qs);
+    EXPECT_EQ(Order(u"Heir"_qs), "B A C");
+}
+
+TEST_F(FieldsOfInheritedForms, FollowTheOrderOfTheAncestorAroundThoseThatHaveTheirPlace)
+{
+    OpenForms();
+    MoveTo(u"Heir.C"_qs, 1);
+    MoveTo(u"Base.B"_qs, 0);
+    EXPECT_EQ(Order(u"Heir"_qs), "B C A");
+    auto& base = DesignerOf(u"Base"_qs);
+    auto* stock = dynamic_cast<TDataSet*>(Component(u"Base.Stock"_qs));
+    base.CreateField(stock, TStringField::Class(), u"D"_qs, [stock](TField* field) { field->SetDataSet(stock); });
+    EXPECT_EQ(Order(u"Heir"_qs), "B C A D");
+    base.DeleteComponents({ Component(u"Base.B"_qs) });
+    const auto live = Order(u"Heir"_qs);
+    EXPECT_EQ(live, "A C D");
+    OpenAgain(u"Heir"_qs);
+    EXPECT_EQ(Order(u"Heir"_qs), live);
+}
+
+TEST_F(FieldsOfInheritedForms, KeepTheirOrderWhenARenameOfTheAncestorsFieldIsUndone)
+{
+    OpenForms();
+    DesignerOf(u"Base"_qs).RenameComponent(*Component(u"Base.A"_qs), u"Other"_qs);
+    TheHost->Undo().Undo();
+    EXPECT_EQ(Order(u"Heir"_qs), "A B C");
 }
