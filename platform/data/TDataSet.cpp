@@ -4,6 +4,7 @@
 #include "data/ObjectFields.h"
 #include "data/TDataSetDesigner.h"
 #include "data/TDataSource.h"
+#include "rtl/Guard.h"
 
 TClass TDataSet::Class()
 {
@@ -155,6 +156,13 @@ bool TDataSet::DescribeColumns(QList<TDataColumn>&)
 
 void TDataSet::UpdateFieldDefs()
 {
+    const auto designer = [this] { return dynamic_cast<TDSDesigner*>(FDesigner); };
+    if (auto* begun = designer())
+        begun->BeginUpdateFieldDefs();
+    const Finally end([&designer] {
+        if (auto* begun = designer())
+            begun->EndUpdateFieldDefs();
+    });
     QList<TDataColumn> columns;
     if (DescribeColumns(columns))
         FFieldDefs.Describe(columns);

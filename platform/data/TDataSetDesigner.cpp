@@ -1,6 +1,7 @@
 #include "data/TDataSetDesigner.h"
 
 #include "data/ObjectFields.h"
+#include "rtl/Guard.h"
 #include "rtl/SysUtils.h"
 
 TDataSetDesigner::TDataSetDesigner(TDataSet* dataSet)
@@ -91,6 +92,8 @@ QString UniqueFieldName(const TDataSet& dataSet, const QString& path)
 
 TField* TDSDesigner::DoCreateField(const QString& fieldName, const QString& origin)
 {
+    BeginCreateFields();
+    const Finally end([this] { EndCreateFields(); });
     auto* def = DataSet()->FieldDefList().Find(fieldName);
     if (!def)
         throw EDatabaseError(QStringLiteral("%1: Field '%2' not found").arg(DataSet()->Name(), fieldName));

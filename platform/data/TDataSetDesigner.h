@@ -63,13 +63,15 @@ public:
     // Deletes a persistent field, through the designer of its form where it stands in one.
     virtual void DeleteField(TField* field);
 
-    // Brackets round the work of a fields editor; subclasses may hook them. The base class does nothing.
+    // Brackets, for subclasses to hook: DoCreateField calls the first pair round its work, TFieldDefs::Update the
+    // second on the designer of its dataset; the end comes after a failure too. The base class does nothing.
     virtual void BeginCreateFields() { }
     virtual void EndCreateFields() { }
     virtual void BeginUpdateFieldDefs() { }
     virtual void EndUpdateFieldDefs() { }
 
-    // The class of control that the field asks for by itself; empty where the registry of data controls decides.
+    // The class of control that the field gets where none is named; CreateControlClass asks. Empty where the registry
+    // of data controls decides.
     virtual QString GetControlClass(TField* field) const;
     virtual bool SupportsAggregates() const;
     virtual bool SupportsInternalCalc() const;

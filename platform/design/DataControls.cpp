@@ -1,5 +1,6 @@
 #include "design/DataControls.h"
 
+#include "data/TDataSetDesigner.h"
 #include "data/TDataSource.h"
 #include "data/TField.h"
 #include "rtl/SysUtils.h"
@@ -116,7 +117,10 @@ TClass CreateControlClass(TDataSet* dataSet, const QString& fieldName, const QSt
 {
     if (!controlClassName.isEmpty())
         return InstalledClass(controlClassName);
-    const auto* field = dataSet ? dataSet->FindField(fieldName) : nullptr;
+    auto* field = dataSet ? dataSet->FindField(fieldName) : nullptr;
+    const auto* designer = field ? dynamic_cast<TDSDesigner*>(dataSet->Designer()) : nullptr;
+    if (const auto own = designer ? designer->GetControlClass(field) : QString(); !own.isEmpty())
+        return InstalledClass(own);
     const auto* def = dataSet && !field ? dataSet->FieldDefList().Find(fieldName) : nullptr;
     return InstalledClass(ControlOf(field ? field->ClassType() : def ? def->FieldClass() : TClass()));
 }

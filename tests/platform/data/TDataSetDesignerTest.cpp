@@ -167,3 +167,48 @@ TEST_F(TDSDesignerTest, SupportsAggregatesWhereTheClassHasThem)
     EXPECT_TRUE(other.SupportsAggregates());
     EXPECT_TRUE(other.SupportsInternalCalc());
 }
+
+namespace {
+
+// Writes down the brackets it is told of.
+class HookedDesigner : public TDSDesigner {
+public:
+    using TDSDesigner::TDSDesigner;
+    void BeginCreateFields() override { Told << QStringLiteral("begin create"); }
+    void EndCreateFields() override { Told << QStringLiteral("end create"); }
+    void BeginUpdateFieldDefs() override { Told << QStringLiteral("begin update"); }
+    void EndUpdateFieldDefs() override { Told << QStringLiteral("end update"); }
+    QStringList Told;
+};
+
+class UnreachableDataSet : public TDataSet {
+public:
+    using TDataSet::TDataSet;
+    bool DescribeColumns(QList<TDataColumn>&) override { throw EDatabaseError(QStringLiteral("not there")); }
+};
+
+}
+
+TEST_F(TDSDesignerTest, BracketsTheMakingOfAFieldAlsoOneThatFails)
+{
+    HookedDesigner designer(DataSet);
+    designer.DoCreateField(QStringLiteral("Title"), {});
+    const QStringList bracket { QStringLiteral("begin create"), QStringLiteral("end create") };
+    EXPECT_EQ(std::exchange(designer.Told, {}), bracket);
+    EXPECT_THROW(designer.DoCreateField(QStringLiteral("Title"), {}), EDatabaseError);
+    EXPECT_EQ(designer.Told, bracket);
+}
+
+TEST_F(TDSDesignerTest, IsToldOfTheUpdateOfTheDefinitionsAlsoOfOneThatFails)
+{
+    UnreachableDataSet unreachable;
+    const QStringList bracket { QStringLiteral("begin update"), QStringLiteral("end update") };
+    {
+        HookedDesigner designer(DataSet);
+        DataSet->FieldDefs().Update();
+        EXPECT_EQ(designer.Told, bracket);
+    }
+    HookedDesigner designer(&unreachable);
+    EXPECT_THROW(unreachable.FieldDefs().Update(), EDatabaseError);
+    EXPECT_EQ(designer.Told, bracket);
+}
