@@ -190,14 +190,6 @@ void LiveForm::RenameNode(TComponent& component)
     FDocument->Rename(*node, component.Name());
 }
 
-void LiveForm::MoveNode(TComponent& component, TComponent& parent)
-{
-    OnEdit();
-    auto& node = NeedNode(component);
-    Touch(node, {});
-    FDocument->Move(node, NeedNode(parent));
-}
-
 void LiveForm::OrderNode(TComponent& component, const QList<TComponent*>& siblings, const QList<TComponent*>& inherited)
 {
     OnEdit();

@@ -56,7 +56,6 @@ public:
     void RenameClass(const QString& oldClass, const QString& newClass);
     // The component of an object whose class was renamed in the file is of that class.
     void TakeClass(const FormNode& node);
-    void MoveNode(TComponent& component, TComponent& parent);
     // Puts the node among those of its class family that its live list orders: the n-th of these siblings.
     // `inherited` are those that come from an ancestor, in its order; empty in a form without one.
     void OrderNode(TComponent& component, const QList<TComponent*>& siblings, const QList<TComponent*>& inherited);
@@ -92,6 +91,14 @@ private:
     void WriteStrings(const TStrings& strings, FormNode& node, const QString& path);
     void WriteValue(TPersistent& instance, const TPropInfo* info, const QString& name, FormNode& node,
         const QString& path, TPersistent* inherited);
+    // These two tell whether the property is one that the file keeps in a way of its own.
+    bool WritePlace(
+        TPersistent& instance, const TPropInfo* info, const QString& name, FormNode& node, const QString& path);
+    bool WriteFormSize(
+        TPersistent& instance, const TPropInfo* info, const QString& name, FormNode& node, const QString& path);
+    void WriteUnknown(const QVariant& value, FormNode& node, const QString& path);
+    void WritePublished(
+        TPersistent& instance, const TPropInfo& info, FormNode& node, const QString& path, TPersistent* inherited);
     FormValue ValueOf(const TPersistent& instance, const TPropInfo& info, const QVariant& value) const;
     void RenameClassIn(FormNode& node, const QString& oldClass, const QString& newClass);
     void RenameReferencesIn(FormNode& node, const QString& oldName, const QString& newName);

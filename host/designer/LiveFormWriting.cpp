@@ -179,57 +179,81 @@ QString PlaceOf(const GeometryPlaces& places, const QString& name)
 void LiveForm::WriteValue(TPersistent& instance, const TPropInfo* info, const QString& name, FormNode& node,
     const QString& path, TPersistent* inherited)
 {
+    if (WritePlace(instance, info, name, node, path) || WriteFormSize(instance, info, name, node, path))
+        return;
+    if (!info)
+        WriteUnknown(instance.StoredValue(name), node, path);
+    else if (!info->IsStored || info->IsStored(&instance))
+        WritePublished(instance, *info, node, path, inherited);
+}
+
+// The place of what is no control, and of controls that their class keeps elsewhere.
+bool LiveForm::WritePlace(
+    TPersistent& instance, const TPropInfo* info, const QString& name, FormNode& node, const QString& path)
+{
     auto* component = dynamic_cast<TComponent*>(&instance);
     if (!info && component && (SameText(name, u"Left") || SameText(name, u"Top"))) {
         const auto place = SameText(name, u"Left") ? component->DesignLeft() : component->DesignTop();
         Write(node, path, FormValue::Integer(place));
+        return true;
+    }
+    const auto* control = dynamic_cast<TControl*>(&instance);
+    const auto* places = control ? FSource.GeometryOf(control->ClassType()) : nullptr;
+    const auto there = places ? PlaceOf(*places, name) : QString();
+    if (there.isEmpty())
+        return false;
+    Write(node, there, FormValue::Real(info->Get(&instance).toDouble()));
+    return true;
+}
+
+// A form keeps the size of its client area; files of old have the outer one.
+bool LiveForm::WriteFormSize(
+    TPersistent& instance, const TPropInfo* info, const QString& name, FormNode& node, const QString& path)
+{
+    const auto* form = dynamic_cast<TCustomForm*>(&instance);
+    if (!form || (!SameText(name, u"Width") && !SameText(name, u"Height")))
+        return false;
+    const auto size = FormValue::Integer(info->Get(form).toLongLong());
+    const auto client = QLatin1String("Client") + name;
+    if (node.Property(client) || !node.Property(path))
+        Write(node, client, size);
+    if (node.Property(path))
+        Write(node, path, size);
+    return true;
+}
+
+// A property that the class does not publish: kept as the file spelled it.
+void LiveForm::WriteUnknown(const QVariant& value, FormNode& node, const QString& path)
+{
+    if (!value.isValid()) {
+        Remove(node, path);
         return;
     }
-    if (const auto* control = dynamic_cast<TControl*>(&instance))
-        if (const auto* places = FSource.GeometryOf(control->ClassType()))
-            if (const auto there = PlaceOf(*places, name); !there.isEmpty()) {
-                Write(node, there, FormValue::Real(info->Get(&instance).toDouble()));
-                return;
-            }
-    if (const auto* form = dynamic_cast<TCustomForm*>(&instance);
-        form && (SameText(name, u"Width") || SameText(name, u"Height"))) {
-        // A form keeps the size of its client area; files of old have the outer one.
-        const auto client = QLatin1String("Client") + name;
-        if (node.Property(client) || !node.Property(path))
-            Write(node, client, FormValue::Integer(info->Get(form).toLongLong()));
-        if (node.Property(path))
-            Write(node, path, FormValue::Integer(info->Get(form).toLongLong()));
-        return;
-    }
-    if (!info) {
-        const auto value = instance.StoredValue(name);
-        const auto* there = node.Property(path);
-        const bool isName = there && there->Value().TheKind() == FormValue::Kind::Identifier;
-        if (!value.isValid())
-            Remove(node, path);
-        else
-            Write(node, path,
-                isName ? FormValue::Identifier(value.toString())
-                       : FormValues::ToFormValue(value, TTypeInfo { tkUnknown, {}, {} }));
-        return;
-    }
-    if (info->IsStored && !info->IsStored(&instance))
-        return;
-    const auto value = info->Get(&instance);
-    const bool isDefault = inherited ? IsInherited(*inherited, *info, value, *FRoot)
+    const auto* there = node.Property(path);
+    const bool isName = there && there->Value().TheKind() == FormValue::Kind::Identifier;
+    Write(node, path,
+        isName ? FormValue::Identifier(value.toString())
+               : FormValues::ToFormValue(value, TTypeInfo { tkUnknown, {}, {} }));
+}
+
+void LiveForm::WritePublished(
+    TPersistent& instance, const TPropInfo& info, FormNode& node, const QString& path, TPersistent* inherited)
+{
+    const auto value = info.Get(&instance);
+    const bool isDefault = inherited ? IsInherited(*inherited, info, value, *FRoot)
         : IsSaidElsewhere(instance)  ? false
-        : info->Default.isValid()    ? value == info->Default || (IsEmpty(value) && IsEmpty(info->Default))
+        : info.Default.isValid()     ? value == info.Default || (IsEmpty(value) && IsEmpty(info.Default))
                                      : IsEmpty(value);
     if (isDefault || !value.isValid()) {
         Remove(node, path);
         return;
     }
-    const auto written = ValueOf(instance, *info, value);
+    const auto written = ValueOf(instance, info, value);
     Write(node, path, written);
     const auto* target
-        = info->PropType.Kind == tkClass ? dynamic_cast<TComponent*>(value.value<TPersistent*>()) : nullptr;
+        = info.PropType.Kind == tkClass ? dynamic_cast<TComponent*>(value.value<TPersistent*>()) : nullptr;
     if (target && !Holds(target))
-        FLinks.Add({ &instance, name, written.ToString(), FRoot.get() });
+        FLinks.Add({ &instance, info.Name, written.ToString(), FRoot.get() });
 }
 
 FormValue LiveForm::ValueOf(const TPersistent& instance, const TPropInfo& info, const QVariant& value) const

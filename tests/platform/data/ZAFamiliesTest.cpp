@@ -23,17 +23,17 @@ std::string Published(TClass aClass)
 TEST(ZAFamilies, PublishWhatSaysWhereTheirRowsComeFrom)
 {
     EXPECT_EQ(Published(TZAConnection::Class()),
-        "Connected Database LoginPrompt Name Password Port ProviderName Server Tag Username");
+        "Connected Database LoginPrompt Password Port ProviderName Server Tag Username");
     EXPECT_EQ(Published(TZAQuery::Class()),
-        "Active Connection DetailFields FieldDefs MasterFields MasterSource Name Params SQL Tag");
+        "Active Connection DetailFields FieldDefs MasterFields MasterSource Params SQL Tag");
     EXPECT_EQ(Published(TZATable::Class()),
-        "Active Connection DetailFields FieldDefs MasterFields MasterSource Name TableName Tag");
+        "Active Connection DetailFields FieldDefs MasterFields MasterSource TableName Tag");
     EXPECT_EQ(Published(TZAStoredProc::Class()),
-        "Active Connection DetailFields FieldDefs MasterFields MasterSource Name Params StoredProcName Tag");
+        "Active Connection DetailFields FieldDefs MasterFields MasterSource Params StoredProcName Tag");
     EXPECT_EQ(Published(TZAScratchTable::Class()),
-        "Active Connection DetailFields FieldDefs MasterFields MasterSource Name TableName Tag");
-    EXPECT_EQ(Published(TZASQL::Class()), "Connection Name Params SQL Tag");
-    EXPECT_EQ(Published(TZAScript::Class()), "Connection Name Params SQL Tag");
+        "Active Connection DetailFields FieldDefs MasterFields MasterSource TableName Tag");
+    EXPECT_EQ(Published(TZASQL::Class()), "Connection Params SQL Tag");
+    EXPECT_EQ(Published(TZAScript::Class()), "Connection Params SQL Tag");
 }
 
 TEST(ZAFamilies, StandUnderTheClassesThatPlugInsKnow)
